@@ -1,0 +1,29 @@
+# What the library and its host are built from. scripts/install-dependencies.sh brings all of it.
+
+find_package(Threads REQUIRED)
+find_package(RapidXML REQUIRED)
+
+if(MRV_REQUIRE_BREAKPAD)
+    find_package(Breakpad REQUIRED)
+else()
+    find_package(Breakpad QUIET)
+    if(NOT Breakpad_FOUND)
+        message(WARNING "Breakpad was not found: the library is built WITHOUT crash capture. "
+                        "scripts/install-dependencies.sh builds it.")
+    endif()
+endif()
+
+if(MRV_BUILD_HOSTS)
+    find_package(CLI11 REQUIRED)
+endif()
+if(MRV_BUILD_TESTS)
+    find_package(GTest REQUIRED)
+endif()
+if(MRV_BUILD_BENCHMARKS)
+    find_package(benchmark REQUIRED)
+    # The peers; a benchmark whose peer is missing is left out, and that of the log runs alone.
+    find_package(spdlog QUIET)
+    find_package(glm QUIET)
+    find_package(Eigen3 QUIET NO_MODULE)
+    find_path(cereal_INCLUDE_DIR cereal/cereal.hpp)
+endif()
