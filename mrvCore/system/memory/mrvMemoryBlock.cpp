@@ -1,0 +1,54 @@
+// mrvCore/system/memory/mrvMemoryBlock.cpp
+// Allocation of container blocks.
+#include "mrvCore/system/memory/mrvMemoryBlock.h"
+
+#include <cstdio>
+
+namespace mrv::internal {
+
+char sharedTerminator[1] = { '\0' };
+
+namespace {
+
+size_t byteCount(size_t count, size_t elementSize)
+{
+    size_t bytes = 0;
+    if (__builtin_mul_overflow(count, elementSize, &bytes))
+    {
+        std::fprintf(stderr, "A container of %zu elements of %zu bytes is too large\n", count, elementSize);
+        std::abort();
+    }
+    return bytes;
+}
+
+void* checked(void* block, size_t bytes)
+{
+    if (block == nullptr && bytes != 0)
+    {
+        std::fprintf(stderr, "Out of memory: no block of %zu bytes\n", bytes);
+        std::abort();
+    }
+    return block;
+}
+
+} // namespace
+
+void containerCheckFailed(const char* condition, const char* file, int line)
+{
+    std::fprintf(stderr, "%s:%d: container used against its contract: %s\n", file, line, condition);
+    std::abort();
+}
+
+void* allocateBlock(size_t count, size_t elementSize)
+{
+    const size_t bytes = byteCount(count, elementSize);
+    return checked(std::malloc(bytes), bytes);
+}
+
+void* reallocateBlock(void* block, size_t count, size_t elementSize)
+{
+    const size_t bytes = byteCount(count, elementSize);
+    return checked(std::realloc(block, bytes), bytes);
+}
+
+} // namespace mrv::internal
