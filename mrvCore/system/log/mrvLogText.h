@@ -1,0 +1,42 @@
+// mrvCore/system/log/mrvLogText.h
+// The text of one message while it is built. Internal to mrvLogMacros.h.
+#pragma once
+
+#include "mrvCore/mrvCoreApi.h"
+#include "mrvCore/system/log/mrvLog.h"
+
+#include <sstream>
+
+namespace mrv {
+namespace internal {
+
+/// Whether there is a log that lets the message through.
+inline bool mustLog(Log::Module module, Log::Severity severity)
+{
+    return getLog() != nullptr && getLog()->mustLog(module, severity);
+}
+
+/// A stream in the classic locale, whatever that of the host is. Its parts are functions of their own, out of
+/// the way of call sites that are filtered out.
+class MRV_CORE_API LogText
+{
+public:
+    LogText() __attribute__((cold));
+    ~LogText();
+
+    LogText(const LogText&) = delete;
+    LogText& operator=(const LogText&) = delete;
+
+    std::ostream& stream() { return _stream; }
+
+    /// Hands the text to the log, which must exist.
+    void trace(Log::Module module, Log::Severity severity, const char* file, int line, const char* function);
+    void trace(Log::Module module, Log::Severity severity, Log::TraceKey& key, const char* file, int line,
+               const char* function);
+
+private:
+    std::ostringstream _stream;
+};
+
+} // namespace internal
+} // namespace mrv
