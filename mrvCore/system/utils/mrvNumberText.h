@@ -1,0 +1,55 @@
+// mrvCore/system/utils/mrvNumberText.h
+// Numbers as the text of files: exactly what a standard stream writes and reads, without making a stream.
+#pragma once
+
+#include "mrvCore/mrvCoreApi.h"
+#include "mrvCore/system/containers/mrvString.h"
+
+#include <cstdint>
+#include <type_traits>
+
+namespace mrv {
+
+/// The text of one number, as an output stream of precision 32 writes it in the classic locale.
+///
+/// Floating numbers in the default format with up to 32 significant digits, which is more than it takes to
+/// read back the same number; integers in decimal; `bool` as 1 or 0. Holds its text itself, no allocation.
+class MRV_CORE_API NumberText
+{
+public:
+    template <class T>
+    explicit NumberText(T value)
+    {
+        static_assert(std::is_arithmetic_v<T> && !std::is_same_v<T, char> && sizeof(T) <= sizeof(double),
+                      "a number of at most 64 bits");
+        if constexpr (std::is_floating_point_v<T>)
+            write(static_cast<double>(value));
+        else if constexpr (std::is_signed_v<T>)
+            write(static_cast<int64_t>(value));
+        else
+            write(static_cast<uint64_t>(value));
+    }
+
+    const char* c_str() const { return _text; }
+    size_t size() const { return _size; }
+
+private:
+    void write(double value);
+    void write(int64_t value);
+    void write(uint64_t value);
+
+    char _text[48]; // sign, point, exponent or leading zeros, 32 digits and the terminator are 40
+    size_t _size = 0;
+};
+
+/// Reads a number as an input stream does in the classic locale: white space in front is skipped, what
+/// follows the number is ignored ("1x" reads as 1), and there are no hexadecimal numbers, "inf" or "nan".
+///
+/// False where the extraction fails. `value` is then what the stream leaves: untouched for a blank text, 0
+/// for one that is no number, the nearest value of T for one beyond its range. A minus sign in front of an
+/// unsigned number negates it.
+/// Here for `short`, `int`, `long`, their unsigned forms, `float` and `double`.
+template <class T>
+MRV_CORE_API bool parseNumber(const MrvString& text, T& value);
+
+} // namespace mrv
