@@ -1,0 +1,73 @@
+// mrvCore/system/serialization/mrvPersistentTraits.h
+// What the streams ask of a type at compile time.
+#pragma once
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+namespace mrv {
+
+template <typename T>
+class Array;
+template <typename T>
+class PODArray;
+template <typename K, typename V>
+class MrvMap;
+class MrvString;
+
+namespace internal {
+
+/// True for a class that carries a persistent class's members.
+template <typename T, typename = void>
+struct IsPersistentClass : std::false_type
+{};
+template <typename T>
+struct IsPersistentClass<T, std::void_t<decltype(T::persistentClass())>> : std::true_type
+{};
+
+/// The least number of bytes that a value takes in a binary stream. A count that a file claims is held
+/// against it before anything is allocated.
+template <typename T>
+struct MinimumBinarySize
+{
+    // An object takes its id and its attribute count, a vector its floats.
+    static constexpr size_t value = IsPersistentClass<T>::value ? 8 : sizeof(T) < 8 ? sizeof(T) : 8;
+};
+template <typename T>
+struct MinimumBinarySize<T*>
+{
+    static constexpr size_t value = 4;
+};
+template <>
+struct MinimumBinarySize<MrvString>
+{
+    static constexpr size_t value = 4;
+};
+template <typename T>
+struct MinimumBinarySize<Array<T>>
+{
+    static constexpr size_t value = 4;
+};
+template <typename T>
+struct MinimumBinarySize<PODArray<T>>
+{
+    static constexpr size_t value = 4;
+};
+template <typename K, typename V>
+struct MinimumBinarySize<MrvMap<K, V>>
+{
+    static constexpr size_t value = 4;
+};
+template <typename K, typename V>
+struct MinimumBinarySize<std::pair<K, V>>
+{
+    static constexpr size_t value = MinimumBinarySize<K>::value + MinimumBinarySize<V>::value;
+};
+
+/// True for a type whose bytes in memory are its bytes in a binary stream.
+template <typename T>
+constexpr bool isStoredAsBytes = std::is_arithmetic_v<T> && !std::is_same_v<T, bool>;
+
+} // namespace internal
+} // namespace mrv

@@ -1,0 +1,116 @@
+// mrvCore/system/serialization/mrvReadIdentities.h
+// Which object stands behind each id that a stream reads, safe on whatever the file claims.
+#pragma once
+
+#include "mrvCore/mrvCoreApi.h"
+#include "mrvCore/system/containers/mrvPODArray.h"
+#include "mrvCore/system/serialization/mrvFlatMap.h"
+
+#include <cstdint>
+
+namespace mrv {
+
+class AbstractAttribute;
+class RTTI;
+
+namespace internal {
+
+/// The identities of one graph while it is read, and the values that wait between the two passes.
+///
+/// The first pass registers objects under their ids, the second one finds them. An id only gives an object
+/// whose type derives from the one asked for, so that a damaged file cannot make a pointer of one type
+/// point at an object of another.
+///
+/// An instance that was made for a pointer, and then turns out to be held by value, is replaced by the
+/// value. It is deleted at the end of the second pass, when every pointer has been set anew; after a damage
+/// it is left alone, as it may be pointed at.
+class MRV_CORE_API ReadIdentities
+{
+public:
+    ReadIdentities() = default;
+    ~ReadIdentities();
+    ReadIdentities(const ReadIdentities&) = delete;
+    ReadIdentities& operator=(const ReadIdentities&) = delete;
+
+    /// True for null's id 0 and for every id registered, be it as a null.
+    bool contains(uint32_t id) { return id == 0 || _objects.find(id) != nullptr; }
+
+    /// Registers an object that is held by value.
+    void addValue(uint32_t id, void* object, const RTTI& type);
+
+    /// Registers an instance made for a pointer, or null where none could be made.
+    void addCreated(uint32_t id, void* object, const RTTI* type);
+
+    /// What stands behind an id.
+    struct Found
+    {
+        void* object = nullptr;
+        const RTTI* type = nullptr; ///< the object's own type, which derives from the one asked for
+    };
+
+    /// The object behind an id, null if there is none of this type.
+    Found find(uint32_t id, const RTTI& type);
+
+    /// Between these two the body of an instance made for a pointer is read.
+    uint32_t enterCreated(uint32_t id);
+    void leaveCreated(uint32_t former) { _container = former; }
+
+    /// First pass: the value waits for the second one. Until leaveValue its content is read.
+    void pushValue(void* value, const AbstractAttribute* attribute);
+
+    /// Second pass: the oldest value, which must be of this attribute; null if it is not, or if there is
+    /// none. Until leaveValue its content is read. Owned by the caller.
+    void* popValue(const AbstractAttribute* attribute);
+    void leaveValue() { _scopes.pop_back(); }
+
+    /// Notes that the file contradicts itself.
+    void setDamaged() { _isDamaged = true; }
+
+    /// Ends the second pass.
+    void finish();
+
+    void clear();
+
+private:
+    struct Object
+    {
+        void* object = nullptr;
+        const RTTI* type = nullptr;
+        uint32_t firstAlias = 0; ///< further types at the same address: place in _aliases plus 1
+        uint32_t container = 0;  ///< instance in which a value lies: place in _created plus 1
+        uint32_t scope = 0;      ///< waiting value in which a value lies, 0 for none
+        uint32_t created = 0;    ///< for an instance: its place in _created plus 1
+    };
+    struct Alias
+    {
+        const RTTI* type;
+        uint32_t next;
+    };
+    struct Created
+    {
+        void* object;
+        const RTTI* type;
+        bool isReplaced;
+    };
+    struct WaitingValue
+    {
+        void* value;
+        const AbstractAttribute* attribute;
+        uint32_t scope;
+    };
+
+    const RTTI* findType(const Object& entry, const RTTI& type) const;
+    bool isVisible(const Object& entry) const;
+
+    FlatMap<Object> _objects;
+    PODArray<Alias> _aliases;
+    PODArray<Created> _created;
+    PODArray<WaitingValue> _values;
+    size_t _nextValue = 0; ///< of _values, in the second pass
+    PODArray<uint32_t> _scopes;
+    uint32_t _container = 0;
+    bool _isDamaged = false;
+};
+
+} // namespace internal
+} // namespace mrv
