@@ -4,7 +4,6 @@
 
 #include "mrvCore/mrvCoreApi.h"
 
-
 namespace mrv {
 
 /// True while the calling thread's stack has room for one more level of a recursion: at least 96 KiB, so
