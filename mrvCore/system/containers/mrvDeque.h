@@ -29,6 +29,8 @@ public:
         --_index;
         return *this;
     }
+    DequeIter operator++(int) { return { _deque, _index++ }; }
+    DequeIter operator--(int) { return { _deque, _index-- }; }
     DequeIter operator+(ptrdiff_t distance) const
     {
         return { _deque, _index + static_cast<size_t>(distance) };

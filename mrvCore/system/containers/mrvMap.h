@@ -15,7 +15,7 @@ struct MapNode
     /// The sentinel, black and linked to itself.
     MapNode() : _value(), _key(), _parent(nullptr), _left(this), _right(this), _color(false) {}
     /// A new node, red and without children.
-    MapNode(MapNode* nil, const K& key, const V& value)
+    MapNode(const K& key, const V& value, MapNode* nil)
         : _value(value)
         , _key(key)
         , _parent(nil)

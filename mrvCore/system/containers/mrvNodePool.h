@@ -25,7 +25,8 @@ public:
     NodePool& operator=(const NodePool&) = delete;
     ~NodePool() { clear(); }
 
-    /// A node constructed from the arguments, of a new block where no free one is left.
+    /// A node constructed from the arguments (key, value where there is one, sentinel of the tree), from a
+    /// new block where no free one is left.
     template <class... Arguments>
     Node* obtain(const Arguments&... arguments)
     {

@@ -136,6 +136,16 @@ private:
 
     /// The block that all texts without characters share.
     static PODArray sharingTerminator() noexcept { return PODArray(internal::sharedTerminator, 1); }
+
+    /// The characters of a text, at least one, and their terminator.
+    static PODArray ofText(const T* text, size_t count)
+    {
+        const size_t size = internal::saturatedSum(count, 1);
+        T* const block = static_cast<T*>(internal::allocateBlock(size, sizeof(T)));
+        std::memcpy(block, text, count);
+        block[count] = T();
+        return PODArray(block, size);
+    }
 };
 
 } // namespace mrv

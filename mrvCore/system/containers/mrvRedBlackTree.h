@@ -144,7 +144,7 @@ protected:
         const Place place = locate(key);
         if (place.found != _nil)
             return place.found;
-        return hang(place, (this->*_newNodeFuncPtr)(key, mapped...));
+        return hang(place, newNode(key, mapped...));
     }
 
     /// Puts a new red node in its place and repairs the colours.
@@ -169,7 +169,7 @@ protected:
 
 private:
     static constexpr bool hasPlainKey =
-        (std::is_integral_v<Key> || std::is_pointer_v<Key> || std::is_enum_v<Key>)&&sizeof(Key) <= 8;
+        sizeof(Key) <= 8 && (std::is_integral_v<Key> || std::is_pointer_v<Key> || std::is_enum_v<Key>);
 
     // Keys come in no order that a processor could predict, so the ways down choose by conditional moves.
     // A compiler that knew where the values of a choice come from would make branches of it.
@@ -250,10 +250,14 @@ private:
             node->_parent->_right = replacement;
     }
 
+    // The repairs are written for one side and mirrored by swapping the two links.
     template <Link left, Link right>
-    void rotate(Node* node);
-    void rotateLeft(Node* node) { rotate<&Node::_left, &Node::_right>(node); }
-    void rotateRight(Node* node) { rotate<&Node::_right, &Node::_left>(node); }
+    void rotateLeft(Node* node);
+    template <Link left, Link right>
+    void rotateRight(Node* node)
+    {
+        rotateLeft<right, left>(node);
+    }
 
     void insertFixup(Node* node);
     template <Link left, Link right>
@@ -275,11 +279,11 @@ private:
     }
     void internalClear(Node* node);
 
-    Node* newNodeInternal(const Key& key, const Mapped&... mapped) { return new Node(_nil, key, mapped...); }
+    Node* newNodeInternal(const Key& key, const Mapped&... mapped) { return new Node(key, mapped..., _nil); }
     void deleteNodeInternal(Node* node) { delete node; }
     Node* newNodeWithRecycler(const Key& key, const Mapped&... mapped)
     {
-        return _recycler->obtain(_nil, key, mapped...);
+        return _recycler->obtain(key, mapped..., _nil);
     }
     void deleteNodeWithRecycler(Node* node) { _recycler->recycle(node); }
 
@@ -292,7 +296,7 @@ private:
 
 template <class Node, class Key, class... Mapped>
 template <Node* Node::*left, Node* Node::*right>
-void RedBlackTree<Node, Key, Mapped...>::rotate(Node* node)
+void RedBlackTree<Node, Key, Mapped...>::rotateLeft(Node* node)
 {
     Node* const risen = node->*right;
     node->*right = risen->*left;
@@ -349,11 +353,11 @@ Node* RedBlackTree<Node, Key, Mapped...>::insertFixupBelow(Node* node)
     if (node == node->_parent->*right)
     {
         node = node->_parent;
-        rotate<left, right>(node);
+        rotateLeft<left, right>(node);
     }
     node->_parent->_color = BLACK;
     grandparent->_color = RED;
-    rotate<right, left>(grandparent);
+    rotateRight<left, right>(grandparent);
     return node;
 }
 
@@ -419,7 +423,7 @@ Node* RedBlackTree<Node, Key, Mapped...>::deleteFixUpBelow(Node* node)
     {
         sibling->_color = BLACK;
         parent->_color = RED;
-        rotate<left, right>(parent);
+        rotateLeft<left, right>(parent);
         sibling = parent->*right;
     }
     if ((sibling->*left)->_color == BLACK && (sibling->*right)->_color == BLACK)
@@ -431,13 +435,13 @@ Node* RedBlackTree<Node, Key, Mapped...>::deleteFixUpBelow(Node* node)
     {
         (sibling->*left)->_color = BLACK;
         sibling->_color = RED;
-        rotate<right, left>(sibling);
+        rotateRight<left, right>(sibling);
         sibling = parent->*right;
     }
     sibling->_color = parent->_color;
     parent->_color = BLACK;
     (sibling->*right)->_color = BLACK;
-    rotate<left, right>(parent);
+    rotateLeft<left, right>(parent);
     return _root;
 }
 

@@ -15,7 +15,7 @@ struct SetNode
     /// The sentinel, black and linked to itself.
     SetNode() : _value(), _parent(nullptr), _left(this), _right(this), _color(false) {}
     /// A new node, red and without children.
-    SetNode(SetNode* nil, const T& value) : _value(value), _parent(nil), _left(nil), _right(nil), _color(true)
+    SetNode(const T& value, SetNode* nil) : _value(value), _parent(nil), _left(nil), _right(nil), _color(true)
     {}
     SetNode(const SetNode&) = delete;
     SetNode& operator=(const SetNode&) = delete;

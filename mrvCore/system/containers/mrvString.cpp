@@ -68,14 +68,6 @@ MrvString joined(const char* a, size_t sizeOfA, const char* b, size_t sizeOfB)
 
 } // namespace
 
-MrvString::MrvString(const char* text, size_t count) : MrvString()
-{
-    if (count == 0)
-        return;
-    _data.set_capacity(internal::saturatedSum(count, 1));
-    append(text, count);
-}
-
 MrvString::MrvString(const MrvString& source, size_t position, size_t count)
     : MrvString(source.c_str() + smaller(position, source.size()), remaining(source, position, count))
 {}
@@ -96,12 +88,12 @@ MrvString& MrvString::append(const char* text, size_t count)
     if (count == 0)
         return *this; // the terminator may be the shared one, which is not written
     const size_t former = size();
-    const bool isOwn = text >= begin() && text < end();
+    const bool isOwn = owns(text);
     const size_t ownPosition = isOwn ? static_cast<size_t>(text - begin()) : 0;
     _data.resize(internal::saturatedSum(former + 1, count));
     if (isOwn)
-        text = begin() + ownPosition; // the block may have moved
-    std::memcpy(begin() + former, text, count);
+        text = begin() + ownPosition;            // the block may have moved
+    std::memmove(begin() + former, text, count); // may reach over the own terminator
     _data[former + count] = '\0';
     return *this;
 }
@@ -140,6 +132,17 @@ MrvString& MrvString::assign(const MrvString& text, size_t position, size_t coun
     return assign(text.c_str() + smaller(position, text.size()), remaining(text, position, count));
 }
 
+MrvString& MrvString::assign(const char* text, size_t count)
+{
+    if (count == 0 || owns(text))
+        return replace(0, npos, text, count);
+    _data.clear();
+    _data.resize(internal::saturatedSum(count, 1));
+    std::memcpy(begin(), text, count);
+    _data[count] = '\0';
+    return *this;
+}
+
 MrvString& MrvString::assign(size_t count, char character)
 {
     clear();
@@ -155,7 +158,7 @@ MrvString& MrvString::insert(size_t position, size_t count, char character)
 
 MrvString& MrvString::replace(size_t position, size_t count, const char* text, size_t textCount)
 {
-    if (text >= begin() && text < end())
+    if (textCount != 0 && owns(text))
     {
         const MrvString copy(text, textCount);
         return replace(position, count, copy);

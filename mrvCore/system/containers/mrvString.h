@@ -43,7 +43,9 @@ public:
     MrvString() noexcept : _data(PODArray<char>::sharingTerminator()) {}
     MrvString(const char* text) : MrvString(text, std::strlen(text)) {}
     /// The first `count` bytes at `text`.
-    MrvString(const char* text, size_t count);
+    MrvString(const char* text, size_t count)
+        : _data(count == 0 ? PODArray<char>::sharingTerminator() : PODArray<char>::ofText(text, count))
+    {}
     MrvString(const MrvString& source, size_t position, size_t count);
     MrvString(const MrvString& other) : MrvString(other.c_str(), other.size())
     {
@@ -58,10 +60,13 @@ public:
 
     MrvString& operator=(const MrvString& other)
     {
-        if (other.empty())
-            resize(0); // nothing is written into the shared terminator
-        else
+        if (!other.empty())
             _data = other._data;
+        else
+        {
+            resize(0); // nothing is written into the shared terminator
+            _data.setMemoryStatId(other._data.getMemoryStatId());
+        }
         return *this;
     }
     MrvString& operator=(MrvString&& other) noexcept
@@ -134,7 +139,7 @@ public:
     MrvString& assign(const MrvString& text) { return *this = text; }
     MrvString& assign(const MrvString& text, size_t position, size_t count);
     MrvString& assign(const char* text) { return assign(text, std::strlen(text)); }
-    MrvString& assign(const char* text, size_t count) { return replace(0, npos, text, count); }
+    MrvString& assign(const char* text, size_t count);
     MrvString& assign(size_t count, char character);
 
     MrvString& insert(size_t position, const MrvString& text) { return replace(position, 0, text); }
@@ -224,6 +229,8 @@ public:
     MrvString& trim(const MrvString& set);
 
 private:
+    /// True for an address in this text or of its terminator.
+    bool owns(const char* address) const { return address >= begin() && address <= end(); }
     bool equals(const char* text, size_t count) const
     {
         return count == size() && std::memcmp(c_str(), text, count) == 0;
