@@ -1,12 +1,12 @@
 // tests/support/mrvTestGraph.cpp
 #include "tests/support/mrvTestGraph.h"
 
-#include "mrvCore/system/containers/mrvSet.h"
 #include "mrvCore/system/serialization/mrvPersistentAttributes.h"
 
 namespace mrv::test {
 
 int Part::s_alive = 0;
+MrvSet<Node*> Node::s_alive;
 
 MRV_DEFINE_PERSISTENT_CLASS(Part, "test::Part", "a3f1c2d4-0b5e-4a6f-8c7d-9e0f1a2b3c01")
 MRV_DEFINE_PERSISTENT_CLASS(Node, "test::Node", "a3f1c2d4-0b5e-4a6f-8c7d-9e0f1a2b3c02")
@@ -84,23 +84,6 @@ void removeTestGraph()
 
 namespace {
 
-void collectNodes(Node* node, MrvSet<Node*>& nodes)
-{
-    PODArray<Node*> stack;
-    stack.push_back(node);
-    while (!stack.empty())
-    {
-        Node* next = stack.back();
-        stack.pop_back();
-        if (next == nullptr || nodes.find(next) != nodes.end())
-            continue;
-        nodes.insert(next);
-        stack.push_back(next->_father);
-        for (Node* child : next->_children)
-            stack.push_back(child);
-    }
-}
-
 Node* addChild(Node* father, Node* child)
 {
     child->_father = father;
@@ -140,15 +123,10 @@ void expectEqualNodes(const Node* actual, const Node* expected)
 
 } // namespace
 
-void deleteNodes(Scene& scene)
+void deleteNodes()
 {
-    MrvSet<Node*> nodes;
-    collectNodes(scene._root, nodes);
-    collectNodes(scene.getEntry(), nodes);
-    for (Node* guest : scene.getGuests())
-        collectNodes(guest, nodes);
-    for (auto node = nodes.begin(); node != nodes.end(); ++node)
-        delete *node;
+    while (!Node::s_alive.empty())
+        delete *Node::s_alive.begin();
 }
 
 void fillScene(Scene& scene)

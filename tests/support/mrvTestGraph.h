@@ -6,6 +6,7 @@
 #include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvMap.h"
 #include "mrvCore/system/containers/mrvPODArray.h"
+#include "mrvCore/system/containers/mrvSet.h"
 #include "mrvCore/system/containers/mrvString.h"
 #include "mrvCore/system/inspection/mrvPersistentClass.h"
 #include "tests/support/mrvCoreFixture.h"
@@ -38,9 +39,11 @@ class Node
 public:
     MRV_PERSISTENT_CLASS_VIRTUAL(Node)
 
-    Node() = default;
-    explicit Node(const char* name) : _name(name) {}
-    virtual ~Node() = default;
+    Node() { s_alive.insert(this); }
+    explicit Node(const char* name) : _name(name) { s_alive.insert(this); }
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+    virtual ~Node() { s_alive.erase(this); }
 
     const Vector3& getPosition() const { return _position; }
     void setPosition(const Vector3& position)
@@ -53,6 +56,8 @@ public:
     Node* _father = nullptr;
     Array<Node*> _children;
     int _positionSetterCalls = 0;
+
+    static MrvSet<Node*> s_alive;
 
 private:
     Vector3 _position;
@@ -138,8 +143,8 @@ private:
 void registerTestGraph();
 void removeTestGraph();
 
-/// Deletes every node that a scene reaches.
-void deleteNodes(Scene& scene);
+/// Deletes every node that there is, whether or not a failed reading left it within reach.
+void deleteNodes();
 
 /// A scene in which every attribute differs from its default, with a cycle of nodes, pointers to array
 /// elements and two pointers to one node.

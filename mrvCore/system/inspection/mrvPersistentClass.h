@@ -62,7 +62,7 @@ public:                                                                         
     }                                                                                                        \
     static const ::mrv::RTTI& getClassRTTI()                                                                 \
     {                                                                                                        \
-        return persistentClass().getRTTI();                                                                  \
+        return _rtti != nullptr ? *_rtti : persistentClass().getRTTI();                                      \
     }                                                                                                        \
     virtuality const ::mrv::RTTI& getRTTI() const                                                            \
     {                                                                                                        \

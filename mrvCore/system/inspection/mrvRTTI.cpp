@@ -63,6 +63,7 @@ RTTI* RTTI::create(const TypeID& typeID, const char* name, IRTTICreator* creator
     _typeNameToTypeID->insert(MrvStaticString(record->_typeName), typeID);
     _typeIDToRTTI->insert(typeID, record);
     (*_rttiFactory)[typeID] = creator;
+    record->_creator = creator;
     return record;
 }
 
@@ -130,11 +131,15 @@ void* RTTI::createInstance(const TypeID& typeID)
     return canCreate ? found.getValue()->create() : nullptr;
 }
 
-void RTTI::destroyInstance(const TypeID& typeID, void* instance)
+void* RTTI::createInstance() const
 {
-    const auto found = _rttiFactory->find(typeID);
-    if (found != _rttiFactory->end() && found.getValue() != nullptr)
-        found.getValue()->destroy(instance);
+    return _creator != nullptr ? _creator->create() : nullptr;
+}
+
+void RTTI::destroyInstance(void* instance) const
+{
+    if (_creator != nullptr)
+        _creator->destroy(instance);
 }
 
 RTTI::RTTI() : _attributeIndex(nullptr) {}
@@ -169,18 +174,15 @@ bool RTTI::isDerivedFrom(const RTTI& other) const
     return false;
 }
 
-const AttributeIndex& RTTI::getAttributeIndex() const
+const AttributeIndex& RTTI::makeAttributeIndex() const
 {
-    AttributeIndex* index = _attributeIndex.load(std::memory_order_acquire);
-    if (index == nullptr)
-    {
-        // Look-ups run on any thread: whoever comes second drops his own.
-        AttributeIndex* made = new AttributeIndex(*this);
-        s_hasAttributeIndices = true;
-        if (_attributeIndex.compare_exchange_strong(index, made, std::memory_order_acq_rel))
-            return *made;
-        delete made;
-    }
+    // Look-ups run on any thread: whoever comes second drops his own.
+    AttributeIndex* index = nullptr;
+    AttributeIndex* made = new AttributeIndex(*this);
+    s_hasAttributeIndices = true;
+    if (_attributeIndex.compare_exchange_strong(index, made, std::memory_order_acq_rel))
+        return *made;
+    delete made;
     return *index;
 }
 

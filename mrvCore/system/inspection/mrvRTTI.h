@@ -72,8 +72,11 @@ public:
     /// A new instance, owned by the caller; null for an unknown type or one without a factory.
     static void* createInstance(const TypeID& typeID);
 
+    /// A new instance of this type, as createInstance makes it.
+    void* createInstance() const;
+
     /// Deletes an instance of exactly this type; does nothing for a type without a factory.
-    static void destroyInstance(const TypeID& typeID, void* instance);
+    void destroyInstance(void* instance) const;
 
     /// Removes the type from the registry and deletes its factory and attributes.
     ~RTTI();
@@ -105,7 +108,11 @@ public:
     const PODArray<AbstractAttribute*>& getOwnAttributes() const { return _attributes; }
 
     /// All attributes with their names, for code that looks many of them up.
-    const AttributeIndex& getAttributeIndex() const;
+    const AttributeIndex& getAttributeIndex() const
+    {
+        const AttributeIndex* index = _attributeIndex.load(std::memory_order_acquire);
+        return index != nullptr ? *index : makeAttributeIndex();
+    }
 
     /// Switches the declarations of this type to undoing themselves.
     void isRemoving(bool removing) const { _removingAttributes = removing; }
@@ -127,6 +134,7 @@ private:
     RTTI(const RTTI&) = delete;
     RTTI& operator=(const RTTI&) = delete;
 
+    const AttributeIndex& makeAttributeIndex() const;
     static void dropAttributeIndices();
     void appendBaseClass(const RTTI& base) const;
     void appendAttribute(AbstractAttribute* attribute) const;
@@ -138,6 +146,7 @@ private:
 
     TypeID _typeID;
     const char* _typeName = nullptr;
+    IRTTICreator* _creator = nullptr; ///< borrowed from _rttiFactory, null if there is none
     mutable unsigned int _counter = 0;
     mutable PODArray<const RTTI*> _baseClassesRTTI;
     mutable PODArray<AbstractAttribute*> _attributes;

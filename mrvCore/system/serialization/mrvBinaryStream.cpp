@@ -53,6 +53,21 @@ struct BufferAreas : std::stringbuf
     }
 };
 
+// Looks at the stack at every eighth level only, which the reserve of hasStackSpace allows.
+class DepthGuard
+{
+public:
+    explicit DepthGuard(unsigned int& depth) : _depth(depth) { ++_depth; }
+    ~DepthGuard() { --_depth; }
+    DepthGuard(const DepthGuard&) = delete;
+    DepthGuard& operator=(const DepthGuard&) = delete;
+
+    bool isTooDeep() const { return (_depth & 7) == 0 && !hasStackSpace(); }
+
+private:
+    unsigned int& _depth;
+};
+
 } // namespace
 
 BinaryStream::BinaryStream() : _bytes(new Bytes())
@@ -191,13 +206,25 @@ void BinaryStream::clear()
     _nextBody = 0;
 }
 
+void BinaryStream::write(const char* bytes, unsigned int count)
+{
+    if (count != 0)
+        putBytes(bytes, count);
+}
+
+void BinaryStream::read(char* bytes, unsigned int count)
+{
+    if (count != 0)
+        takeBytes(bytes, count);
+}
+
 void BinaryStream::write(const MrvString& value)
 {
     if (_firstPass)
         return;
     const unsigned int length = static_cast<unsigned int>(value.size());
     write(length);
-    putBytes(value.c_str(), length);
+    write(value.c_str(), length);
 }
 
 void BinaryStream::write(const Uuid& value)
@@ -320,7 +347,8 @@ void BinaryStream::writeObject(const void* object, const RTTI& rtti, bool isByVa
 
 void BinaryStream::packAttributes(const void* object, const RTTI& rtti)
 {
-    if (!hasStackSpace())
+    const DepthGuard guard(_depth);
+    if (guard.isTooDeep())
     {
         MRV_LOG_LIMITED(SDK, LOG_ERROR,
                         "The objects of type " << rtti.getTypeName()
@@ -332,14 +360,14 @@ void BinaryStream::packAttributes(const void* object, const RTTI& rtti)
         attributes.get(i)->pack(*this, object);
 }
 
-void BinaryStream::readObject(void* object, const RTTI& rtti)
+void BinaryStream::readObject(void* object, const RTTI& rtti, unsigned int knownId)
 {
     unsigned int id = 0;
     unsigned int attributesCount = 0;
     read(id);
     if (!takeBytes(&attributesCount, sizeof(attributesCount)))
         return;
-    if (_firstPass)
+    if (_firstPass && id != knownId)
         _readIdentities.addValue(id, object, rtti);
     const AttributeIndex& attributes = rtti.getAttributeIndex();
     MRV_ASSERT(rtti.getAttributesCount() == attributesCount,
@@ -347,7 +375,8 @@ void BinaryStream::readObject(void* object, const RTTI& rtti)
                "different attributes count, %lu, than the one being read from the stream, %lu",
                rtti.getTypeName(), static_cast<unsigned long>(attributes.getCount()),
                static_cast<unsigned long>(attributesCount));
-    if (!hasStackSpace())
+    const DepthGuard guard(_depth);
+    if (guard.isTooDeep())
     {
         MRV_LOG_LIMITED(SDK, LOG_ERROR,
                         "The stored objects of type " << rtti.getTypeName()
@@ -402,9 +431,9 @@ void BinaryStream::readPointer(void*& pointer, const RTTI& declared)
     }
     else if (!_readIdentities.contains(id))
     {
-        rtti = RTTI::getRTTI(typeID);
+        rtti = typeID == declared.getTypeID() ? &declared : RTTI::getRTTI(typeID);
         const bool isFitting = rtti != nullptr && rtti->isDerivedFrom(declared);
-        pointer = isFitting ? RTTI::createInstance(typeID) : nullptr;
+        pointer = isFitting ? rtti->createInstance() : nullptr;
         if (pointer != nullptr)
             _readIdentities.addCreated(id, pointer, rtti);
         else
@@ -418,7 +447,7 @@ void BinaryStream::readPointer(void*& pointer, const RTTI& declared)
     if (!agreeOnBody(isBodyRead) || !isBodyRead)
         return;
     const uint32_t container = _readIdentities.enterCreated(id);
-    readObject(pointer, *rtti);
+    readObject(pointer, *rtti, id);
     _readIdentities.leaveCreated(container);
 }
 

@@ -79,8 +79,8 @@ public:
     void leaveFifoValue() { _readIdentities.leaveValue(); }
 
     /// Raw bytes, in both passes.
-    void write(const char* bytes, unsigned int count) { putBytes(bytes, count); }
-    void read(char* bytes, unsigned int count) { takeBytes(bytes, count); }
+    void write(const char* bytes, unsigned int count);
+    void read(char* bytes, unsigned int count);
 
     /// Typed values are written in the second pass only.
     void write(bool value) { writePlain(static_cast<char>(value)); }
@@ -128,7 +128,7 @@ public:
     template <typename T>
     std::enable_if_t<internal::IsPersistentClass<T>::value> read(T& object)
     {
-        readObject(&object, object.getRTTI());
+        readObject(&object, object.getRTTI(), 0);
     }
 
     /// A pointer to an object, or to a plain value, which is stored at its first occurrence.
@@ -209,6 +209,7 @@ private:
         if (!_firstPass)
             putBytes(&value, sizeof(value));
     }
+    /// `count` is not 0, here and below.
     void putBytes(const void* bytes, size_t count)
     {
         if (static_cast<size_t>(_writeEnd - _writeNext) < count)
@@ -243,7 +244,8 @@ private:
 
     void writeObject(const void* object, const RTTI& rtti, bool isByValue);
     void packAttributes(const void* object, const RTTI& rtti);
-    void readObject(void* object, const RTTI& rtti);
+    /// `knownId` is the id under which the object is known already, 0 for none.
+    void readObject(void* object, const RTTI& rtti, unsigned int knownId);
     void writePointer(const void* object, const RTTI& rtti);
     /// `pointer` is changed where it is known what it points at.
     void readPointer(void*& pointer, const RTTI& declared);
@@ -258,6 +260,7 @@ private:
     /// where a damaged buffer would make it go another way, it ends.
     PODArray<bool> _bodiesRead;
     size_t _nextBody = 0;
+    unsigned int _depth = 0; ///< of objects inside objects
 
     Bytes* _bytes;
     /// The free room and the unread part of the bytes while this class works on them directly; empty after

@@ -20,9 +20,31 @@ ReadIdentities::~ReadIdentities()
             _values[_nextValue].attribute->deleteValue(_values[_nextValue].value);
 }
 
+// The ids of a good file count its objects, so that a table serves nearly all of them. It grows with the
+// objects that are there, not with what an id claims.
+ReadIdentities::Object& ReadIdentities::touch(uint32_t id)
+{
+    ++_touches;
+    if (id >= _objects.size() && id < 4 * _touches + 64)
+        _objects.resize(id < 2 * _objects.size() ? 2 * _objects.size() : id + size_t(1), Object());
+    if (id >= _objects.size())
+        return _strangeObjects.touch(id);
+    if (!_objects[id].isKnown)
+        if (const Object* strange = _strangeObjects.find(id)) // met when the table was shorter
+            _objects[id] = *strange;
+    return _objects[id];
+}
+
+const ReadIdentities::Object* ReadIdentities::findObject(uint32_t id)
+{
+    if (id < _objects.size() && _objects[id].isKnown)
+        return &_objects[id];
+    return _strangeObjects.find(id);
+}
+
 const RTTI* ReadIdentities::findType(const Object& entry, const RTTI& type) const
 {
-    if (entry.type->isDerivedFrom(type))
+    if (entry.type == &type || entry.type->isDerivedFrom(type))
         return entry.type;
     for (uint32_t alias = entry.firstAlias; alias != 0; alias = _aliases[alias - 1].next)
         if (_aliases[alias - 1].type->isDerivedFrom(type))
@@ -43,7 +65,7 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
 {
     if (id == 0)
         return; // null's
-    Object& entry = _objects.touch(id);
+    Object& entry = touch(id);
     if (entry.object == object)
     {
         // An object and its first member share their address and so their id.
@@ -59,6 +81,7 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
     else if (entry.object != nullptr && isVisible(entry))
         _isDamaged = true; // two values under one id
     entry = Object();
+    entry.isKnown = true;
     entry.object = object;
     entry.type = &type;
     entry.container = _container;
@@ -67,8 +90,9 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
 
 void ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
 {
-    Object& entry = _objects.touch(id);
+    Object& entry = touch(id);
     entry = Object();
+    entry.isKnown = true;
     if (object == nullptr)
         return;
     _created.push_back({ object, type, false });
@@ -79,7 +103,7 @@ void ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
 
 ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
 {
-    const Object* entry = id != 0 ? _objects.find(id) : nullptr;
+    const Object* entry = id != 0 ? findObject(id) : nullptr;
     if (entry == nullptr || entry->object == nullptr)
         return Found();
     const RTTI* found = isVisible(*entry) ? findType(*entry, type) : nullptr;
@@ -92,7 +116,7 @@ ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
 uint32_t ReadIdentities::enterCreated(uint32_t id)
 {
     const uint32_t former = _container;
-    const Object* entry = _objects.find(id);
+    const Object* entry = findObject(id);
     if (entry != nullptr && entry->created != 0)
         _container = entry->created;
     return former;
@@ -129,7 +153,7 @@ void ReadIdentities::finish()
     {
         if (!created.isReplaced)
             continue;
-        RTTI::destroyInstance(created.type->getTypeID(), created.object);
+        created.type->destroyInstance(created.object);
         created.isReplaced = false;
     }
 }
@@ -137,6 +161,7 @@ void ReadIdentities::finish()
 void ReadIdentities::clear()
 {
     _objects.clear();
+    _strangeObjects.clear();
     _aliases.clear();
     _created.clear();
     _scopes.clear();

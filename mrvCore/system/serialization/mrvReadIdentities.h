@@ -33,7 +33,7 @@ public:
     ReadIdentities& operator=(const ReadIdentities&) = delete;
 
     /// True for null's id 0 and for every id registered, be it as a null.
-    bool contains(uint32_t id) { return id == 0 || _objects.find(id) != nullptr; }
+    bool contains(uint32_t id) { return id == 0 || findObject(id) != nullptr; }
 
     /// Registers an object that is held by value.
     void addValue(uint32_t id, void* object, const RTTI& type);
@@ -80,6 +80,7 @@ private:
         uint32_t container = 0;  ///< instance in which a value lies: place in _created plus 1
         uint32_t scope = 0;      ///< waiting value in which a value lies, 0 for none
         uint32_t created = 0;    ///< for an instance: its place in _created plus 1
+        bool isKnown = false;    ///< the id was met
     };
     struct Alias
     {
@@ -99,10 +100,15 @@ private:
         uint32_t scope;
     };
 
+    /// Null for an id that was not met.
+    const Object* findObject(uint32_t id);
+    Object& touch(uint32_t id);
     const RTTI* findType(const Object& entry, const RTTI& type) const;
     bool isVisible(const Object& entry) const;
 
-    FlatMap<Object> _objects;
+    PODArray<Object> _objects; ///< by id
+    size_t _touches = 0;
+    FlatMap<Object> _strangeObjects; ///< those of ids far beyond the number of objects
     PODArray<Alias> _aliases;
     PODArray<Created> _created;
     PODArray<WaitingValue> _values;

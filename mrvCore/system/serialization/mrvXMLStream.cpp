@@ -405,7 +405,7 @@ void* XMLStream::readPointer(const DataItem& item, const RTTI& declared)
     const char* typeName = item.getAttribute("typeName");
     const RTTI* rtti = typeName != nullptr ? RTTI::getRTTI(RTTI::getTypeID(typeName)) : &declared;
     const bool isFitting = rtti != nullptr && rtti->isDerivedFrom(declared);
-    void* object = isFitting ? RTTI::createInstance(rtti->getTypeID()) : nullptr;
+    void* object = isFitting ? rtti->createInstance() : nullptr;
     _readIdentities.addCreated(id, object, rtti);
     if (object == nullptr)
     {

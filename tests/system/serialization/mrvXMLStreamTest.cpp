@@ -60,8 +60,7 @@ TEST_F(XMLStreamTest, aGraphComesBackEqualWithItsCyclesAndSharedObjects)
         expectEqualScenes(loaded, scene);
         EXPECT_EQ(textOf(loaded), text);
         EXPECT_EQ(_logger._messages, "");
-        deleteNodes(scene);
-        deleteNodes(loaded);
+        deleteNodes();
     }
     EXPECT_EQ(Part::s_alive, aliveBefore);
 }
@@ -234,7 +233,7 @@ TEST_F(XMLStreamTest, aDamagedFileCannotMakeAPointerReachAnObjectOfAnotherClass)
     ASSERT_NE(scene._root, nullptr);
     EXPECT_STREQ(scene._root->_name.c_str(), "n");
     EXPECT_EQ(scene._favourite, nullptr);
-    deleteNodes(scene);
+    deleteNodes();
 }
 
 TEST_F(XMLStreamTest, swappedMapEntriesAreReadAndEmptyOnesAreFatal)
