@@ -2,7 +2,11 @@
 // Numbers as the text of files.
 #include "mrvCore/system/utils/mrvNumberText.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstring>
+#include <iterator>
 #include <locale>
 #include <sstream>
 #include <string>
@@ -22,11 +26,56 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
+/// Writes the eight digits of a number below 10^8, with zeros in front.
+char* putEightDigits(char* to, uint64_t number)
+{
+    for (int i = 7; i >= 0; --i)
+    {
+        to[i] = static_cast<char>('0' + number % 10);
+        number /= 10;
+    }
+    return to + 8;
+}
+
+/// Writes a number whose decimal form is exact with at most 32 digits and needs no exponent: almost every
+/// `float` of a scene, and several times faster than the general way. Null for another number.
+char* putExactly(char* to, double value)
+{
+    uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof(bits));
+    const int biasedExponent = static_cast<int>(bits >> 52 & 0x7ff);
+    const double magnitude = std::fabs(value);
+    if (!(magnitude >= 1e-4 && magnitude < 9007199254740992.0)) // 2^53; from 1e-4 on there is no exponent
+        return nullptr;
+    // magnitude = mantissa / 2^places with an odd mantissa or no places; the decimal places are as many.
+    uint64_t mantissa = (bits & 0xfffffffffffff) | 0x10000000000000;
+    const int shift = std::min(__builtin_ctzll(mantissa), 1075 - biasedExponent);
+    mantissa >>= shift;
+    const int places = 1075 - biasedExponent - shift;
+    if (places > (mantissa < 1 << 24 ? 35 : 22)) // mantissa * 5^places, all the digits, is below 10^32
+        return nullptr;
+
+    if (value < 0)
+        *to++ = '-';
+    to = std::to_chars(to, to + 20, mantissa >> places).ptr;
+    if (places == 0)
+        return to;
+    *to++ = '.';
+    const uint64_t mask = (uint64_t(1) << places) - 1;
+    char* const last = to + places;
+    for (uint64_t fraction = mantissa & mask; to < last; fraction &= mask)
+    {
+        fraction *= 100000000; // at most 35 + 27 bits
+        to = putEightDigits(to, fraction >> places);
+    }
+    return last; // what is behind are zeros
+}
+
 /// The rule itself, for texts that are rare: a plus sign, something behind the number, out of range.
 template <class T>
-bool parseByStream(const MrvString& text, T& value)
+bool parseByStream(const char* text, size_t size, T& value)
 {
-    std::istringstream stream(std::string(text.data(), text.size()));
+    std::istringstream stream(std::string(text, size));
     stream.imbue(std::locale::classic());
     return static_cast<bool>(stream >> value);
 }
@@ -36,40 +85,41 @@ bool parseByStream(const MrvString& text, T& value)
 void NumberText::write(double value)
 {
     // The digits of printf's %.32g, which is what a stream prints with.
-    char* const last =
-        std::to_chars(_text, _text + sizeof(_text) - 1, value, std::chars_format::general, 32).ptr;
-    *last = '\0';
-    _size = static_cast<size_t>(last - _text);
+    char* const last = putExactly(_text, value);
+    const std::chars_format general = std::chars_format::general;
+    terminate(last != nullptr ? last : std::to_chars(_text, std::end(_text), value, general, 32).ptr);
 }
 
 void NumberText::write(int64_t value)
 {
-    char* const last = std::to_chars(_text, _text + sizeof(_text) - 1, value).ptr;
-    *last = '\0';
-    _size = static_cast<size_t>(last - _text);
+    terminate(std::to_chars(_text, std::end(_text), value).ptr);
 }
 
 void NumberText::write(uint64_t value)
 {
-    char* const last = std::to_chars(_text, _text + sizeof(_text) - 1, value).ptr;
-    *last = '\0';
+    terminate(std::to_chars(_text, std::end(_text), value).ptr);
+}
+
+void NumberText::terminate(char* last)
+{
+    *last = '\0'; // there is room: see _text
     _size = static_cast<size_t>(last - _text);
 }
 
 template <class T>
-bool parseNumber(const MrvString& text, T& value)
+bool parseNumber(const char* text, size_t size, T& value)
 {
-    const char* first = text.begin();
-    const char* const last = text.end();
+    const char* first = text;
+    const char* const last = text + size;
     while (first != last && isSpace(*first))
         ++first;
 
     // from_chars knows more words ("inf") and other limits than a stream; where the two could part, the
-    // stream decides. The terminator may be read.
-    const bool isNegative = std::is_signed_v<T> && *first == '-';
-    T parsed = T();
-    if (isDigit(first[isNegative ? 1 : 0]))
+    // stream decides.
+    const char* const digits = std::is_signed_v<T> && first != last && *first == '-' ? first + 1 : first;
+    if (digits != last && isDigit(*digits))
     {
+        T parsed = T();
         const std::from_chars_result result = std::from_chars(first, last, parsed);
         if (result.ec == std::errc() && (result.ptr == last || isSpace(*result.ptr)))
         {
@@ -77,16 +127,16 @@ bool parseNumber(const MrvString& text, T& value)
             return true;
         }
     }
-    return parseByStream(text, value);
+    return parseByStream(text, size, value);
 }
 
-template MRV_CORE_API bool parseNumber<short>(const MrvString&, short&);
-template MRV_CORE_API bool parseNumber<unsigned short>(const MrvString&, unsigned short&);
-template MRV_CORE_API bool parseNumber<int>(const MrvString&, int&);
-template MRV_CORE_API bool parseNumber<unsigned int>(const MrvString&, unsigned int&);
-template MRV_CORE_API bool parseNumber<long>(const MrvString&, long&);
-template MRV_CORE_API bool parseNumber<unsigned long>(const MrvString&, unsigned long&);
-template MRV_CORE_API bool parseNumber<float>(const MrvString&, float&);
-template MRV_CORE_API bool parseNumber<double>(const MrvString&, double&);
+template MRV_CORE_API bool parseNumber<short>(const char*, size_t, short&);
+template MRV_CORE_API bool parseNumber<unsigned short>(const char*, size_t, unsigned short&);
+template MRV_CORE_API bool parseNumber<int>(const char*, size_t, int&);
+template MRV_CORE_API bool parseNumber<unsigned int>(const char*, size_t, unsigned int&);
+template MRV_CORE_API bool parseNumber<long>(const char*, size_t, long&);
+template MRV_CORE_API bool parseNumber<unsigned long>(const char*, size_t, unsigned long&);
+template MRV_CORE_API bool parseNumber<float>(const char*, size_t, float&);
+template MRV_CORE_API bool parseNumber<double>(const char*, size_t, double&);
 
 } // namespace mrv

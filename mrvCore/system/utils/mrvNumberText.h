@@ -37,19 +37,26 @@ private:
     void write(double value);
     void write(int64_t value);
     void write(uint64_t value);
+    void terminate(char* last);
 
-    char _text[48]; // sign, point, exponent or leading zeros, 32 digits and the terminator are 40
+    char _text[48]; // 40 for the longest text and its terminator, 43 while it is made
     size_t _size = 0;
 };
 
-/// Reads a number as an input stream does in the classic locale: white space in front is skipped, what
-/// follows the number is ignored ("1x" reads as 1), and there are no hexadecimal numbers, "inf" or "nan".
+/// Reads a number from `size` bytes as an input stream does in the classic locale: white space in front is
+/// skipped, what follows the number is ignored ("1x" reads as 1), and there are no hexadecimal numbers, "inf"
+/// or "nan".
 ///
 /// False where the extraction fails. `value` is then what the stream leaves: untouched for a blank text, 0
 /// for one that is no number, the nearest value of T for one beyond its range. A minus sign in front of an
 /// unsigned number negates it.
 /// Here for `short`, `int`, `long`, their unsigned forms, `float` and `double`.
 template <class T>
-MRV_CORE_API bool parseNumber(const MrvString& text, T& value);
+MRV_CORE_API bool parseNumber(const char* text, size_t size, T& value);
+template <class T>
+bool parseNumber(const MrvString& text, T& value)
+{
+    return parseNumber(text.c_str(), text.size(), value);
+}
 
 } // namespace mrv

@@ -86,6 +86,36 @@ MrvString describePlace(const Source& source, const PODArray<char>& original, si
     return place + ": ";
 }
 
+/// An element to be read into an item.
+struct Pending
+{
+    DataItem* item;
+    const Node* node;
+    size_t level;
+};
+
+size_t countChildren(const Node& node)
+{
+    size_t count = 0;
+    for (const Node* it = node.first_node(); it != nullptr; it = it->next_sibling())
+        ++count;
+    return count;
+}
+
+void takeTexts(DataItem& item, const Node& node)
+{
+    item.setName(node.name(), lengthOf(node.name_size()));
+    if (node.value_size() != 0)
+        item.setContent(node.value(), lengthOf(node.value_size()));
+
+    size_t count = item.getAttributesCount();
+    for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
+        ++count;
+    item.reserveAttributesSpace(count);
+    for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
+        item.addAttribute(it->name(), lengthOf(it->name_size()), it->value(), lengthOf(it->value_size()));
+}
+
 /// One read with all that it includes.
 class TreeReader
 {
@@ -96,7 +126,7 @@ public:
     bool readBuffer(Source& source, DataItem& item);
 
 private:
-    bool fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source, size_t level);
+    bool fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source);
     bool include(DataItem& item, const Node& node, const Source& source, size_t level);
 
     // Each notes a failure and returns false. A place is in the source's buffer.
@@ -157,35 +187,32 @@ bool TreeReader::readBuffer(Source& source, DataItem& item)
                               ? MrvString("No root element")
                               : MrvString("No root element in file ") + source.fileName,
                           "has no root element");
-    return fromRapidXmlElementToDataItem(item, *root, source, source.levelsAbove + 1);
+    return fromRapidXmlElementToDataItem(item, *root, source);
 }
 
-/// Recurses by levels, which are limited.
-bool TreeReader::fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source,
-                                               size_t level)
+/// Walks without recursion, in document order, so that only the parse before it takes stack by levels.
+bool TreeReader::fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source)
 {
-    if (std::strcmp(node.name(), "include") == 0)
-        return include(item, node, source, level);
-
-    item.setName(node.name(), lengthOf(node.name_size()));
-    if (node.value_size() != 0)
-        item.setContent(node.value(), lengthOf(node.value_size()));
-
-    size_t count = item.getAttributesCount();
-    for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
-        ++count;
-    item.reserveAttributesSpace(count);
-    for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
-        item.addAttribute(it->name(), lengthOf(it->name_size()), it->value(), lengthOf(it->value_size()));
-
-    count = 0;
-    for (const Node* it = node.first_node(); it != nullptr; it = it->next_sibling())
-        ++count;
-    unsigned int index = item.getChildrenCount();
-    item.addChildren(count);
-    for (const Node* it = node.first_node(); it != nullptr; it = it->next_sibling())
-        if (!fromRapidXmlElementToDataItem(item.touchChild(index++), *it, source, level + 1))
-            return false;
+    PODArray<Pending> pending;
+    pending.push_back({ &item, &node, source.levelsAbove + 1 });
+    while (pending.any())
+    {
+        const Pending next = pending.back();
+        pending.pop_back();
+        if (std::strcmp(next.node->name(), "include") == 0)
+        {
+            if (!include(*next.item, *next.node, source, next.level))
+                return false;
+            continue;
+        }
+        takeTexts(*next.item, *next.node);
+        const size_t count = countChildren(*next.node);
+        unsigned int index = next.item->getChildrenCount() + lengthOf(count);
+        next.item->addChildren(count);
+        const Node* child = count == 0 ? nullptr : next.node->last_node();
+        for (; child != nullptr; child = child->previous_sibling()) // the first one comes to lie on top
+            pending.push_back({ &next.item->touchChild(--index), child, next.level + 1 });
+    }
     return true;
 }
 

@@ -1,3 +1,5 @@
+// tests/system/xml/mrvXMLDataFileParserTest.cpp
+// XML files to trees and back, includes, and every way a read can fail.
 #include "mrvCore/system/xml/mrvXMLDataFileParser.h"
 
 #include "mrvCore/system/dataItem/mrvDataItem.h"

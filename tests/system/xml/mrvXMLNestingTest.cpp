@@ -1,3 +1,4 @@
+// tests/system/xml/mrvXMLNestingTest.cpp
 // Texts that nest deep, or pretend to: RapidXML parses by recursion, so a level that the guard does not see
 // is stack that a file can take.
 #include "mrvCore/system/dataItem/mrvDataItem.h"
@@ -78,8 +79,8 @@ TEST(XMLNesting, noDisguiseHidesALevel)
         EXPECT_EQ(read("<r>" + repeat(opening, limit) + repeat("</a>", limit) + "</r>"),
                   "elements nested too deep")
             << opening;
-        EXPECT_EQ(read("<r>" + repeat(opening, 200000)), "elements nested too deep") << opening;
     }
+    EXPECT_EQ(read(repeat("<a x='1'>", 500000)), "elements nested too deep");
 }
 
 TEST(XMLNesting, flatTextsAreNotTakenForDeepOnes)

@@ -1,3 +1,4 @@
+// tests/system/xml/mrvXMLPrinterTest.cpp
 // What is written must stay what RapidXML prints, whose text other programs and older versions know.
 #include "mrvCore/system/dataItem/mrvDataItem.h"
 #include "mrvCore/system/xml/mrvXMLDataFileParser.h"
