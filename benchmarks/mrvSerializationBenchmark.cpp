@@ -108,7 +108,8 @@ std::string binaryBytes(const Character& character)
     return stream.getStream().str();
 }
 
-std::string xmlText(const Character& character)
+template <class AnyCharacter>
+std::string xmlText(const AnyCharacter& character)
 {
     mrv::XMLStream stream;
     stream.pack(stream.getRoot(), character);
@@ -149,10 +150,11 @@ void addBinary(int skeletons, int bones)
     });
 }
 
-void addXml(int skeletons, int bones)
+template <class AnyCharacter>
+void addXml(const std::string& form, int skeletons, int bones)
 {
-    add("serialization/mrvCore/" + caseName("xml_save", skeletons, bones), [=](State& state) {
-        Character character;
+    add("serialization/mrvCore/" + caseName((form + "_save").c_str(), skeletons, bones), [=](State& state) {
+        AnyCharacter character;
         fillCharacter(character, skeletons, bones);
         WriteBuffer out(xmlText(character).size() + 1);
         for (auto _ : state)
@@ -165,15 +167,15 @@ void addXml(int skeletons, int bones)
         }
         reportObjects(state, character._bones.size(), character._assets.size());
     });
-    add("serialization/mrvCore/" + caseName("xml_load", skeletons, bones), [=](State& state) {
-        Character character;
+    add("serialization/mrvCore/" + caseName((form + "_load").c_str(), skeletons, bones), [=](State& state) {
+        AnyCharacter character;
         fillCharacter(character, skeletons, bones);
         const std::string text = xmlText(character);
-        std::unique_ptr<Character> loaded;
+        std::unique_ptr<AnyCharacter> loaded;
         for (auto _ : state)
         {
             state.PauseTiming();
-            loaded = std::make_unique<Character>();
+            loaded = std::make_unique<AnyCharacter>();
             state.ResumeTiming();
             mrv::DataItem root;
             mrv::MrvString message;
@@ -188,10 +190,11 @@ void addXml(int skeletons, int bones)
 }
 
 /// RapidXML on the text that the library writes: what its own work is built on.
-void addRapidXml(int bones)
+template <class AnyCharacter>
+void addRapidXml(const std::string& form, int bones)
 {
-    add("serialization/rapidxml/" + caseName("xml_load", 1, bones), [=](State& state) {
-        Character character;
+    add("serialization/rapidxml/" + caseName((form + "_load").c_str(), 1, bones), [=](State& state) {
+        AnyCharacter character;
         fillCharacter(character, 1, bones);
         const std::string text = xmlText(character);
         std::vector<char> copy(text.size() + 1);
@@ -207,8 +210,8 @@ void addRapidXml(int bones)
         }
         reportObjects(state, character._bones.size(), character._assets.size());
     });
-    add("serialization/rapidxml/" + caseName("xml_save", 1, bones), [=](State& state) {
-        Character character;
+    add("serialization/rapidxml/" + caseName((form + "_save").c_str(), 1, bones), [=](State& state) {
+        AnyCharacter character;
         fillCharacter(character, 1, bones);
         const std::string text = xmlText(character);
         std::vector<char> copy(text.c_str(), text.c_str() + text.size() + 1);
@@ -271,18 +274,20 @@ int main(int argc, char** argv)
     registerCharacter();
 
     addBinary(1, 1000);
-    addXml(1, 1000);
+    addXml<FlatCharacter>("xml", 1, 1000);
+    addXml<Character>("xml_nested", 1, 1000);
     addCereal<cereal::BinaryOutputArchive, cereal::BinaryInputArchive>("cereal", "binary_save", "binary_load",
                                                                        1000);
     using Xml = cereal::XMLOutputArchive;
     addCereal<Xml, cereal::XMLInputArchive>("cereal", "xml_save", "xml_load", 1000,
                                             Xml::Options().indent(false));
-    addRapidXml(1000);
+    addRapidXml<FlatCharacter>("xml", 1000);
+    addRapidXml<Character>("xml_nested", 1000);
     // The curve: the time for an object must not grow with the number of objects.
     for (const int skeletons : { 10, 100 })
     {
         addBinary(skeletons, 1000);
-        addXml(skeletons, 1000);
+        addXml<FlatCharacter>("xml", skeletons, 1000);
     }
     const int result = run(argc, argv);
 

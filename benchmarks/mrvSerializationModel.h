@@ -55,14 +55,27 @@ public:
     mrv::Array<Asset> _assets;
 };
 
+/// The same bones held by value. As no bone's element lies in its father's, the XML form has no blanks in
+/// front of its lines beyond a few tabs, where that of a Character has hundreds.
+class FlatCharacter
+{
+public:
+    MRV_PERSISTENT_CLASS(FlatCharacter)
+
+    mrv::Array<Bone> _bones;
+    mrv::Array<Asset> _assets;
+};
+
 void registerCharacter();
 void removeCharacter();
 
 /// So many skeletons of so many bones, and the assets once for each.
 void fillCharacter(Character& character, int skeletons, int bones);
+void fillCharacter(FlatCharacter& character, int skeletons, int bones);
 
 /// Ends the process where the two differ.
 void requireEqual(const Character& a, const Character& b);
+void requireEqual(const FlatCharacter& a, const FlatCharacter& b);
 
 /// The same for cereal, which tracks shared pointers.
 struct SharedBone
