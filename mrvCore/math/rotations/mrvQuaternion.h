@@ -172,10 +172,10 @@ public:
         using namespace internal;
         const Float4 a = load(&left);
         const Float4 b = load(&right);
-        const Float4 difference = a * splat<3>(b) - swizzle<2, 0, 1, 0>(a) * swizzle<1, 2, 0, 0>(b);
+        const Float4 crossed = swizzle<2, 0, 1, 0>(a) * swizzle<1, 2, 0, 0>(b);
         const Float4 sum =
             swizzle<3, 3, 3, 1>(a) * swizzle<0, 1, 2, 1>(b) + swizzle<1, 2, 0, 2>(a) * swizzle<2, 0, 1, 2>(b);
-        return Quaternion(difference + flipSigns(sum, Bits4{ 0u, 0u, 0u, 0x80000000u }));
+        return Quaternion(a * splat<3>(b) - crossed + flipSigns(sum, Bits4{ 0u, 0u, 0u, 0x80000000u }));
     }
 };
 

@@ -10,8 +10,7 @@ namespace mrv {
 
 /// Writes each message as two lines: "file(line) : function", then "ERROR: message".
 ///
-/// A file that cannot be opened, or a null text, fails the stream for good: what follows is dropped in
-/// silence.
+/// A file that cannot be opened, or a null text, fails the stream for good: what follows is dropped.
 class MRV_CORE_API FileLogger : public ILogger
 {
 public:

@@ -28,8 +28,8 @@ public:
     /// Threads waiting now; 0 on a failure of the mutex.
     unsigned int getCurrentThreadsWaiting();
 
-    /// Waits for the end of the round, without a time limit. A wake-up counts as the launch. False on a
-    /// failure.
+    /// Waits for the end of the round, without a time limit; a wake-up counts as the launch.
+    /// False on a failure.
     bool wait();
 
     /// Ends the round for those who wait now. False on a failure.

@@ -164,6 +164,8 @@ TEST(QuaternionSlerp, takesTheArcThatTheSignsGive)
     EXPECT_NEAR(Quaternion::slerp(i, close, 0.5f).norm(), 1.0f, 1e-6f);
     const Quaternion closer(std::cos(0.0009f), std::sin(0.0009f), 0.0f, 0.0f);
     EXPECT_TRUE(isSame(Quaternion::slerp(i, closer, 0.1f), 0.5f * i + 0.5f * closer));
+    const Quaternion notSoClose(std::cos(0.005f), std::sin(0.005f), 0, 0);
+    EXPECT_NEAR(Quaternion::slerp(i, notSoClose, 0.1f).y, 0.0005f, 1e-5f);
 }
 
 TEST(QuaternionFraction, appliesAShareOfARotation)
@@ -189,8 +191,9 @@ TEST(QuaternionFraction, appliesAShareOfARotation)
     EXPECT_TRUE(isSame(fraction(other, -1.0f), start));
     EXPECT_TRUE(isSame(fraction(other, 1.0f), other));
     EXPECT_TRUE(isSame(fraction(other, 2.0f), other));
-    // Near the identity the weights are linear, and nothing is normalised.
+    // From a w of 0.9999 on the weights are linear, and nothing is normalised.
     EXPECT_TRUE(isNear(fraction(Quaternion(0, 0, 0, 5), 0.5f), start * 3.0f));
+    EXPECT_TRUE(isNear(fraction(Quaternion(0, 0, 0, 0.99995f), 0.5f), start * 0.999975f, 2e-6f));
 }
 
 TEST(QuaternionBetween, turnsOneUnitVectorIntoTheOther)

@@ -1,3 +1,5 @@
+// tests/system/dataItem/mrvAbstractDataFileParserTest.cpp
+// The probe of a file and what it logs.
 #include "mrvCore/system/dataItem/mrvAbstractDataFileParser.h"
 
 #include "mrvCore/system/dataItem/mrvDataItem.h"

@@ -1,3 +1,5 @@
+// tests/system/dataItem/mrvDataItemTest.cpp
+// The document tree: lookup, growth, typed values.
 #include "mrvCore/system/dataItem/mrvDataItem.h"
 
 #include "tests/support/mrvCommaLocale.h"

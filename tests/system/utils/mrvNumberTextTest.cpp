@@ -1,3 +1,5 @@
+// tests/system/utils/mrvNumberTextTest.cpp
+// Numbers as text against real streams, which are the rule.
 #include "mrvCore/system/utils/mrvNumberText.h"
 
 #include "tests/support/mrvCommaLocale.h"

@@ -1,3 +1,5 @@
+// tests/system/utils/mrvSafeFileWriterTest.cpp
+// Saving that replaces a file wholly or not at all.
 #include "mrvCore/system/utils/mrvSafeFileWriter.h"
 
 #include "tests/support/mrvTemporaryFolder.h"
