@@ -36,12 +36,7 @@ struct MrvLibrary
         return Quaternion::slerp(a, b, t);
     }
     static Matrix multiply(const Matrix& a, const Matrix& b) { return a * b; }
-    static Matrix inverse(const Matrix& m)
-    {
-        Matrix result(false);
-        result.inverse(m, false);
-        return result;
-    }
+    static void invert(Matrix& out, const Matrix& m) { out.inverse(m, false); }
     static Vector normalise(const Vector& v) { return v.computeNormalize(); }
 };
 
@@ -65,7 +60,7 @@ struct GlmLibrary
     static Quaternion multiply(const Quaternion& a, const Quaternion& b) { return a * b; }
     static Quaternion slerp(const Quaternion& a, const Quaternion& b, float t) { return glm::slerp(a, b, t); }
     static Matrix multiply(const Matrix& a, const Matrix& b) { return a * b; }
-    static Matrix inverse(const Matrix& m) { return glm::inverse(m); }
+    static void invert(Matrix& out, const Matrix& m) { out = glm::inverse(m); }
     static Vector normalise(const Vector& v) { return glm::normalize(v); }
 };
 
@@ -81,7 +76,7 @@ struct EigenLibrary
     static Quaternion multiply(const Quaternion& a, const Quaternion& b) { return a * b; }
     static Quaternion slerp(const Quaternion& a, const Quaternion& b, float t) { return a.slerp(t, b); }
     static Matrix multiply(const Matrix& a, const Matrix& b) { return a * b; }
-    static Matrix inverse(const Matrix& m) { return m.inverse(); }
+    static void invert(Matrix& out, const Matrix& m) { out = m.inverse(); }
     static Vector normalise(const Vector& v) { return v.normalized(); }
 };
 

@@ -22,7 +22,7 @@ void addMathCase(const std::string& name, MakeLeft makeLeft, MakeRight makeRight
             for (auto _ : state)
             {
                 for (size_t i = 0; i < count; ++i)
-                    out[i] = operation(left[i], right[i]);
+                    operation(out[i], left[i], right[i]);
                 benchmark::DoNotOptimize(out.data());
                 benchmark::ClobberMemory();
             }
@@ -53,17 +53,17 @@ void addMathLibrary(const std::string& name)
 
     const std::string p = "math/" + name + "/";
     addMathCase<V>(p + "quaternion_vector", left, vectors,
-                   [](const Q& q, const V& v) -> V { return Library::rotate(q, v); });
+                   [](V& out, const Q& q, const V& v) { out = Library::rotate(q, v); });
     addMathCase<Q>(p + "quaternion_quaternion", left, right,
-                   [](const Q& a, const Q& b) -> Q { return Library::multiply(a, b); });
+                   [](Q& out, const Q& a, const Q& b) { out = Library::multiply(a, b); });
     addMathCase<Q>(p + "slerp", left, right,
-                   [](const Q& a, const Q& b) -> Q { return Library::slerp(a, b, 0.3f); });
+                   [](Q& out, const Q& a, const Q& b) { out = Library::slerp(a, b, 0.3f); });
     addMathCase<M>(p + "matrix_product", first, second,
-                   [](const M& a, const M& b) -> M { return Library::multiply(a, b); });
+                   [](M& out, const M& a, const M& b) { out = Library::multiply(a, b); });
     addMathCase<M>(p + "matrix_inverse", first, first,
-                   [](const M& m, const M&) -> M { return Library::inverse(m); });
+                   [](M& out, const M& m, const M&) { Library::invert(out, m); });
     addMathCase<V>(p + "vector_normalise", vectors, vectors,
-                   [](const V& v, const V&) -> V { return Library::normalise(v); });
+                   [](V& out, const V& v, const V&) { out = Library::normalise(v); });
 }
 
 } // namespace mrvBenchmark

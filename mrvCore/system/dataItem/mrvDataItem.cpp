@@ -49,12 +49,12 @@ void reserveExactly(Array<T>& array, size_t count)
 
 /// The element of that name, null if there is none.
 template <class T>
-const T* findNamed(const Array<T>& array, MrvString T::*name, const char* wanted)
+const T* findNamed(const Array<T>& array, internal::ItemText T::*name, const char* wanted)
 {
     const size_t length = std::strlen(wanted);
     for (const T& element : array)
     {
-        const MrvString& text = element.*name;
+        const internal::ItemText& text = element.*name;
         if (text.size() == length && std::memcmp(text.c_str(), wanted, length) == 0)
             return &element;
     }
@@ -87,15 +87,15 @@ const char* textOf(const DataItem::AttributeItem* attribute)
 
 /// False, with the best there is in `value`, for a text that is no T.
 template <class T>
-bool fromText(const MrvString& text, T& value)
+bool fromText(const internal::ItemText& text, T& value)
 {
     if constexpr (std::is_same_v<T, MrvString>)
     {
-        value = text;
+        value = MrvString(text.c_str(), text.size());
         return true;
     }
     else
-        return parseNumber(text, value);
+        return parseNumber(text.c_str(), text.size(), value);
 }
 
 /// The value of an attribute that may be absent, as the typed readers without a default give it.
@@ -196,8 +196,8 @@ void DataItem::addAttribute(const char* name, const char* value)
 void DataItem::addAttribute(const char* name, unsigned int nameLength, const char* value,
                             unsigned int valueLength)
 {
-    MrvString nameText(name, nameLength); // made first, since the texts may be those of an attribute
-    MrvString valueText(value, valueLength);
+    internal::ItemText nameText(name, nameLength); // made first, since the texts may be those of an attribute
+    internal::ItemText valueText(value, valueLength);
     AttributeItem& attribute = addOneTo(_attributes);
     attribute._name.swap(nameText);
     attribute._value.swap(valueText);
@@ -254,7 +254,7 @@ T DataItem::getContent() const
     if constexpr (std::is_same_v<T, bool>)
         return stringToBool(_content.empty() ? nullptr : _content.c_str(), false);
     else
-        return _content;
+        return MrvString(_content.c_str(), _content.size());
 }
 
 template <class T, class>
@@ -265,7 +265,7 @@ T DataItem::getContent(const T& defaultValue) const
     if constexpr (std::is_same_v<T, bool>)
         return stringToBool(_content.c_str(), defaultValue);
     else
-        return _content;
+        return MrvString(_content.c_str(), _content.size());
 }
 
 MrvString DataItem::traceDataItems(MrvString& indent) const
@@ -278,19 +278,19 @@ MrvString DataItem::traceDataItems(MrvString& indent) const
 void DataItem::trace(MrvString& out, MrvString& indent) const
 {
     out += indent;
-    out += _name;
+    out += _name.c_str();
     if (!_content.empty())
     {
         out += '[';
-        out += _content;
+        out += _content.c_str();
         out += ']';
     }
     for (const AttributeItem& attribute : _attributes)
     {
         out += ' ';
-        out += attribute._name;
+        out += attribute._name.c_str();
         out += '=';
-        out += attribute._value;
+        out += attribute._value.c_str();
     }
     out += '\n';
 

@@ -5,6 +5,7 @@
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvString.h"
+#include "mrvCore/system/dataItem/mrvItemText.h"
 
 #include <type_traits>
 #include <utility>
@@ -33,8 +34,8 @@ class MRV_CORE_API DataItem
 public:
     struct AttributeItem
     {
-        MrvString _name;
-        MrvString _value;
+        internal::ItemText _name;
+        internal::ItemText _value;
     };
 
     DataItem() = default;
@@ -46,8 +47,8 @@ public:
     DataItem& operator=(DataItem&&) noexcept = default;
 
     const char* getName() const { return _name.c_str(); }
-    void setName(const char* name) { _name = MrvString(name); }
-    void setName(const char* name, unsigned int length) { _name = MrvString(name, length); }
+    void setName(const char* name) { _name = internal::ItemText(name); }
+    void setName(const char* name, unsigned int length) { _name = internal::ItemText(name, length); }
 
     unsigned int getChildrenCount() const { return static_cast<unsigned int>(_children.size()); }
     /// `index` is below getChildrenCount().
@@ -109,8 +110,11 @@ public:
     {
         return _content.empty() ? defaultText : _content.c_str();
     }
-    void setContent(const char* content) { _content = MrvString(content); }
-    void setContent(const char* content, unsigned int length) { _content = MrvString(content, length); }
+    void setContent(const char* content) { _content = internal::ItemText(content); }
+    void setContent(const char* content, unsigned int length)
+    {
+        _content = internal::ItemText(content, length);
+    }
 
     /// The content as `bool` or MrvString. Without a default an empty content is fatal for a `bool`.
     template <class T>
@@ -129,8 +133,8 @@ private:
     const AttributeItem* findAttribute(const char* name) const;
     void trace(MrvString& out, MrvString& indent) const;
 
-    MrvString _name;
-    MrvString _content;
+    internal::ItemText _name;
+    internal::ItemText _content;
     Array<AttributeItem> _attributes;
     Array<DataItem> _children;
 };

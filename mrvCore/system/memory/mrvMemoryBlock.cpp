@@ -12,13 +12,13 @@ namespace {
 
 size_t byteCount(size_t count, size_t elementSize)
 {
-    size_t bytes = 0;
+    ptrdiff_t bytes = 0; // no larger block exists
     if (__builtin_mul_overflow(count, elementSize, &bytes))
     {
         std::fprintf(stderr, "A container of %zu elements of %zu bytes is too large\n", count, elementSize);
         std::abort();
     }
-    return bytes;
+    return static_cast<size_t>(bytes);
 }
 
 void* checked(void* block, size_t bytes)

@@ -168,6 +168,9 @@ void XMLStream::read(const DataItem& item, MrvString& value)
 template <size_t Count>
 void XMLStream::writeComponents(DataItem& item, const float (&components)[Count])
 {
+    if (_firstPass)
+        return;
+    item.reserveAttributesSpace(Count + item.getAttributesCount());
     for (size_t i = 0; i < Count; ++i)
         doWriteAttribute(item, components[i], dimensionName[i]);
 }
