@@ -3,6 +3,8 @@
 #include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvPODArray.h"
 
+#include "mrvContainersTesting.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -12,43 +14,6 @@
 using namespace mrv;
 
 namespace {
-
-/// An element that notices when it is moved as bytes, used before its construction or lost.
-class Tracked
-{
-public:
-    Tracked() : Tracked(0) {}
-    Tracked(int value) : _value(value), _self(this) { ++alive; }
-    Tracked(const Tracked& other) : Tracked(other.value()) { ++copies; }
-    ~Tracked()
-    {
-        EXPECT_EQ(_self, this);
-        _self = nullptr;
-        --alive;
-    }
-    Tracked& operator=(const Tracked& other)
-    {
-        EXPECT_EQ(_self, this);
-        _value = other.value();
-        return *this;
-    }
-    bool operator==(const Tracked& other) const { return value() == other.value(); }
-    int value() const
-    {
-        EXPECT_EQ(_self, this);
-        return _value;
-    }
-
-    static int alive;
-    static int copies;
-
-private:
-    int _value;
-    const Tracked* _self;
-};
-
-int Tracked::alive = 0;
-int Tracked::copies = 0;
 
 int valueOf(int element)
 {

@@ -116,6 +116,8 @@ TEST(BinarySearch, findsWhatIsThereAndNothingElse)
                 EXPECT_EQ(found, values.end());
         }
     }
+    const int equalOnes[] = { 1, 4, 4, 4, 9 };
+    EXPECT_EQ(mrvBinarySearch(equalOnes, equalOnes + 5, 4), equalOnes + 2) << "the first that halving meets";
 }
 
 TEST(Unique, keepsTheFirstOfEachRun)

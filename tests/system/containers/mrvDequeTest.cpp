@@ -146,6 +146,13 @@ TEST(MrvDeque, emptiedAtABlockBoundaryRestartsAtTheMiddleOfTheMinimumMap)
     deque.pop_back();
     EXPECT_EQ(headOf(deque), 5u); // inside a block: it stays where it is
     EXPECT_EQ(usedSlots(deque), ".....x..");
+    pushBack(deque, 65);
+    deque.pop_front();
+    EXPECT_EQ(headOf(deque), 6u);
+    for (int i = 0; i < 64; ++i)
+        deque.pop_back();
+    EXPECT_EQ(headOf(deque), 4u);
+    pushBack(deque, 1);
     deque.clear();
     EXPECT_EQ(headOf(deque), 4u);
     EXPECT_EQ(usedSlots(deque), "........");

@@ -25,5 +25,6 @@ TEST(MemoryBlock, sizesThatOverflowEndTheProgramInsteadOfAllocatingTooLittle)
     EXPECT_EQ(internal::saturatedSum(half, half + 2), SIZE_MAX);
     EXPECT_EQ(internal::grownCapacity(8, SIZE_MAX), SIZE_MAX);
     EXPECT_DEATH(internal::allocateBlock(half, 4), "too large");
-    EXPECT_DEATH(internal::reallocateBlock(nullptr, SIZE_MAX, 1), "Out of memory|exceeds maximum");
+    EXPECT_DEATH(internal::reallocateBlock(nullptr, half + 1, 1), "too large");
+    EXPECT_DEATH(internal::allocateBlock(half, 1), "Out of memory|exceeds maximum");
 }
