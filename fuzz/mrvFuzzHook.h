@@ -6,23 +6,21 @@
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "tests/support/mrvTestGraph.h"
 
-#include <cstdio>
-
 namespace mrvFuzz {
 
 /// Thrown out of the library where an ordinary build would end the process.
 struct FatalEnd
 {};
 
-/// Starts the library with the test graph, once in the process.
+/// Starts the library with the test graph, once in the process. Demanded ends still print their message:
+/// run the targets with -close_fd_mask=2.
 inline void startOnce()
 {
     static const bool isStarted = [] {
         mrv::initCore();
         mrv::test::registerTestGraph();
         mrv::setFatalEndHook([] { throw FatalEnd(); });
-        // Thousands of messages a second tell nothing.
-        return std::freopen("/dev/null", "w", stderr) != nullptr;
+        return true;
     }();
     static_cast<void>(isStarted);
 }
