@@ -24,6 +24,11 @@ struct BinarySite
     {
         stream.readValue(value);
     }
+    template <typename V>
+    void readLocal(V& value) const
+    {
+        stream.readLocalValue(value);
+    }
 };
 
 /// Where an attribute stands in the XML stream: its element.
@@ -42,6 +47,11 @@ struct XMLSite
     void read(V& value) const
     {
         stream.readValue(item, value);
+    }
+    template <typename V>
+    void readLocal(V& value) const
+    {
+        stream.readLocalValue(item, value);
     }
 };
 
@@ -81,7 +91,7 @@ protected:
             if (typeid(*this) == typeid(Leaf))
                 return site.read(_reach.touch(owner));
         T value = getValue(owner);
-        site.read(value);
+        site.readLocal(value);
         if (Reach::isDirect || !site.stream.isFirstPass())
             setValue(owner, value);
     }

@@ -188,6 +188,21 @@ public:
     {
         read(value);
     }
+    /// A value that is gone when its reader returns: no pointer of the graph reaches an object inside it.
+    template <typename T>
+    void readLocalValue(T& value)
+    {
+        if constexpr (internal::HoldsObjects<T>::value)
+        {
+            _readIdentities.enterLocalValue();
+            readValue(value);
+            _readIdentities.leaveLocalValue();
+        }
+        else
+        {
+            readValue(value);
+        }
+    }
 
     /// Both passes over the graph of `object`, which stands first in what is appended to the buffer.
     template <typename T>
@@ -334,6 +349,8 @@ void BinaryStream::readElements(Elements& elements)
     const unsigned int count = readCount(internal::MinimumBinarySize<T>::value);
     if (_firstPass)
     {
+        if (internal::HoldsObjects<T>::value && !_readIdentities.beginContainer(&elements))
+            return setFailed();
         elements.clear();
         if constexpr (std::is_trivially_destructible_v<T>)
             elements.resize(count, T());
@@ -373,11 +390,15 @@ void BinaryStream::read(MrvMap<K, V>& map)
 {
     const unsigned int count = readCount(internal::MinimumBinarySize<std::pair<K, V>>::value);
     if (_firstPass)
+    {
+        if (internal::HoldsObjects<std::pair<K, V>>::value && !_readIdentities.beginContainer(&map))
+            return setFailed();
         map.clear();
+    }
     for (unsigned int i = 0; i < count && !hasFailed(); ++i)
     {
         K key = K();
-        readValue(key);
+        readLocalValue(key);
         readValue(map[key]);
     }
 }

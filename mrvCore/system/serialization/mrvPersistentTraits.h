@@ -26,6 +26,23 @@ template <typename T>
 struct IsPersistentClass<T, std::void_t<decltype(T::persistentClass())>> : std::true_type
 {};
 
+/// True for a type that carries objects by value: reading one registers addresses inside it.
+template <typename T>
+struct HoldsObjects : IsPersistentClass<T>
+{};
+template <typename T>
+struct HoldsObjects<Array<T>> : HoldsObjects<T>
+{};
+template <typename T>
+struct HoldsObjects<PODArray<T>> : HoldsObjects<T>
+{};
+template <typename K, typename V>
+struct HoldsObjects<std::pair<K, V>> : std::disjunction<HoldsObjects<K>, HoldsObjects<V>>
+{};
+template <typename K, typename V>
+struct HoldsObjects<MrvMap<K, V>> : HoldsObjects<std::pair<K, V>>
+{};
+
 /// The least number of bytes that a value takes in a binary stream. A count that a file claims is held
 /// against it before anything is allocated.
 template <typename T>

@@ -9,6 +9,7 @@ namespace mrv::internal {
 
 namespace {
 
+// Of values that no second pass finds again.
 constexpr uint32_t unknownScope = ~uint32_t(0);
 
 } // namespace
@@ -58,7 +59,7 @@ bool ReadIdentities::isVisible(const Object& entry) const
 {
     if (entry.container != 0 && _created[entry.container - 1].isReplaced)
         return false;
-    return entry.scope == 0 || _scopes.find(entry.scope) != _scopes.end();
+    return entry.scope == 0 || (entry.scope != unknownScope && _scopes.find(entry.scope) != _scopes.end());
 }
 
 void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
@@ -145,6 +146,34 @@ void* ReadIdentities::popValue(const AbstractAttribute* attribute)
     return nullptr;
 }
 
+bool ReadIdentities::beginContainer(const void* container)
+{
+    // Whatever lies in a local value has an address that others get later.
+    if (_localValues != 0)
+        return true;
+    bool& isRead = _containers.touch(reinterpret_cast<uintptr_t>(container));
+    if (isRead)
+    {
+        MRV_LOG_LIMITED(SDK, LOG_WARNING, "A list of objects is stored twice at one place");
+        _isDamaged = true;
+        return false;
+    }
+    isRead = true;
+    return true;
+}
+
+void ReadIdentities::enterLocalValue()
+{
+    _scopes.push_back(unknownScope);
+    ++_localValues;
+}
+
+void ReadIdentities::leaveLocalValue()
+{
+    _scopes.pop_back();
+    --_localValues;
+}
+
 void ReadIdentities::finish()
 {
     if (_isDamaged)
@@ -165,6 +194,8 @@ void ReadIdentities::clear()
     _aliases.clear();
     _created.clear();
     _scopes.clear();
+    _localValues = 0;
+    _containers.clear();
     _container = 0;
     _isDamaged = false;
 }

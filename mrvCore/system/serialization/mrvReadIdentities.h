@@ -63,6 +63,14 @@ public:
     void* popValue(const AbstractAttribute* attribute);
     void leaveValue() { _scopes.pop_back(); }
 
+    /// First pass: a container of objects is about to be emptied and read. False, with a warning, if that was
+    /// done before: what was registered inside would be gone.
+    bool beginContainer(const void* container);
+
+    /// Between these two a value is read that is gone afterwards. No pointer reaches an object inside it.
+    void enterLocalValue();
+    void leaveLocalValue();
+
     /// Notes that the file contradicts itself.
     void setDamaged() { _isDamaged = true; }
 
@@ -114,6 +122,8 @@ private:
     PODArray<WaitingValue> _values;
     size_t _nextValue = 0; ///< of _values, in the second pass
     PODArray<uint32_t> _scopes;
+    unsigned int _localValues = 0; ///< of _scopes, those of local values
+    FlatMap<bool> _containers;     ///< addresses of those that the first pass has read
     uint32_t _container = 0;
     bool _isDamaged = false;
 };

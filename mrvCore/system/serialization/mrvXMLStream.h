@@ -190,6 +190,21 @@ public:
     {
         read(item, value);
     }
+    /// A value that is gone when its reader returns: no pointer of the graph reaches an object inside it.
+    template <typename T>
+    void readLocalValue(const DataItem& item, T& value)
+    {
+        if constexpr (internal::HoldsObjects<T>::value)
+        {
+            _readIdentities.enterLocalValue();
+            readValue(item, value);
+            _readIdentities.leaveLocalValue();
+        }
+        else
+        {
+            readValue(item, value);
+        }
+    }
 
     void clear();
 
@@ -284,6 +299,8 @@ void XMLStream::readElements(const DataItem& item, Elements& elements)
     using T = typename Elements::value_type;
     if (_firstPass)
     {
+        if (internal::HoldsObjects<T>::value && !_readIdentities.beginContainer(&elements))
+            return;
         elements.clear();
         if constexpr (std::is_trivially_destructible_v<T>)
             elements.resize(item.getChildrenCount(), T());
@@ -331,12 +348,16 @@ template <typename K, typename V>
 void XMLStream::read(const DataItem& item, MrvMap<K, V>& map)
 {
     if (_firstPass)
+    {
+        if (internal::HoldsObjects<std::pair<K, V>>::value && !_readIdentities.beginContainer(&map))
+            return;
         map.clear();
+    }
     for (unsigned int i = 0; i < item.getChildrenCount(); ++i)
     {
         const Entry entry = findEntry(item.getChild(i));
         K key = K();
-        readValue(*entry.key, key);
+        readLocalValue(*entry.key, key);
         V& value = map[key];
         if (entry.value != nullptr)
             readValue(*entry.value, value);

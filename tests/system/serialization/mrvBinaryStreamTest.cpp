@@ -219,6 +219,18 @@ TEST_P(DamagedBinary, leavesTheErrorStateAndNoWildPointer)
 INSTANTIATE_TEST_SUITE_P(Table, DamagedBinary, testing::ValuesIn(damagedCases),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(BinaryStreamTest, twoEntriesOfOneKeyDoNotEmptyTheFirstOnesObjects)
+{
+    BinaryStream stream;
+    const std::string entry = "01000000 01000000 02000000 02000000 00000000 00000000";
+    const std::string bytes = fromHex(("02000000" + entry + entry).c_str());
+    stream.importFrom(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+    MrvMap<int, Array<Part>> map;
+    stream.read(map);
+    EXPECT_TRUE(stream.getStream().fail());
+    EXPECT_EQ(map[1].size(), 1u);
+}
+
 TEST_F(BinaryStreamTest, everyPrefixOfAGoodBufferIsTooShortAndHarmless)
 {
     Scene scene;
