@@ -48,16 +48,13 @@ void reserveExactly(Array<T>& array, size_t count)
 }
 
 /// The element of that name, null if there is none.
-template <class T>
-const T* findNamed(const Array<T>& array, internal::ItemText T::*name, const char* wanted)
+template <class T, class Text>
+const T* findNamed(const Array<T>& array, Text T::*name, const char* wanted)
 {
     const size_t length = std::strlen(wanted);
     for (const T& element : array)
-    {
-        const internal::ItemText& text = element.*name;
-        if (text.size() == length && std::memcmp(text.c_str(), wanted, length) == 0)
+        if ((element.*name).equals(wanted, length))
             return &element;
-    }
     return nullptr;
 }
 
@@ -196,11 +193,15 @@ void DataItem::addAttribute(const char* name, const char* value)
 void DataItem::addAttribute(const char* name, unsigned int nameLength, const char* value,
                             unsigned int valueLength)
 {
-    internal::ItemText nameText(name, nameLength); // made first, since the texts may be those of an attribute
-    internal::ItemText valueText(value, valueLength);
-    AttributeItem& attribute = addOneTo(_attributes);
-    attribute._name.swap(nameText);
-    attribute._value.swap(valueText);
+    if (_attributes.size() == _attributes.capacity())
+    {
+        const AttributeItem made{ { name, nameLength }, { value, valueLength } }; // the texts may lie in here
+        addOneTo(_attributes) = made;
+        return;
+    }
+    AttributeItem& attribute = _attributes.addOne();
+    attribute._name.assignToEmpty(name, nameLength);
+    attribute._value.assignToEmpty(value, valueLength);
 }
 
 void DataItem::reserveAttributesSpace(size_t count)

@@ -34,7 +34,7 @@ class MRV_CORE_API DataItem
 public:
     struct AttributeItem
     {
-        internal::ItemText _name;
+        internal::ItemShortText _name;
         internal::ItemText _value;
     };
 

@@ -71,6 +71,47 @@ char* putExactly(char* to, double value)
     return last; // what is behind are zeros
 }
 
+/// Reads digits with at most one point among them, all that a scene's numbers are, several times faster than
+/// the general way. False for another text, and where the nearest `float` is not certain.
+bool parseExactly(const char* text, const char* last, float& value)
+{
+    static const double powersOfTen[] = { 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
+    const bool isNegative = *text == '-';
+    if (isNegative)
+        ++text;
+    uint64_t mantissa = 0;
+    int digits = 0; // of the mantissa, which takes 19 at most and drops the others
+    int places = 0;
+    bool isBehindPoint = false;
+    for (; text != last; ++text)
+    {
+        if (isDigit(*text) && digits < 19)
+        {
+            mantissa = mantissa * 10 + static_cast<uint64_t>(*text - '0');
+            digits += mantissa != 0 ? 1 : 0;
+            places += isBehindPoint ? 1 : 0;
+        }
+        else if (*text == '.' && !isBehindPoint)
+            isBehindPoint = true;
+        else if (!isDigit(*text) || !isBehindPoint)
+            return false;
+    }
+    if (places >= static_cast<int>(std::size(powersOfTen)) || mantissa == 0)
+        return false;
+    const double nearby = static_cast<double>(mantissa) / powersOfTen[places];
+    // What was dropped and rounded so far is less than 16 of the last bits: the rounding to a `float` must
+    // not hang on these.
+    uint64_t bits = 0;
+    std::memcpy(&bits, &nearby, sizeof(bits));
+    const uint64_t dropped = bits & 0x1fffffff;
+    if (nearby < 1e-37 || nearby > 1e38 || (dropped > 0x10000000 - 16 && dropped < 0x10000000 + 16))
+        return false;
+    value = static_cast<float>(isNegative ? -nearby : nearby);
+    return true;
+}
+
 /// The rule itself, for texts that are rare: a plus sign, something behind the number, out of range.
 template <class T>
 bool parseByStream(const char* text, size_t size, T& value)
@@ -119,6 +160,9 @@ bool parseNumber(const char* text, size_t size, T& value)
     const char* const digits = std::is_signed_v<T> && first != last && *first == '-' ? first + 1 : first;
     if (digits != last && isDigit(*digits))
     {
+        if constexpr (std::is_same_v<T, float>)
+            if (parseExactly(first, last, value))
+                return true;
         T parsed = T();
         const std::from_chars_result result = std::from_chars(first, last, parsed);
         if (result.ec == std::errc() && (result.ptr == last || isSpace(*result.ptr)))

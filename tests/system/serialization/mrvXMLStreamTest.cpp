@@ -4,6 +4,7 @@
 #include "mrvCore/system/log/mrvILogger.h"
 #include "mrvCore/system/log/mrvLog.h"
 #include "mrvCore/system/xml/mrvXMLDataFileParser.h"
+#include "tests/support/mrvCommaLocale.h"
 #include "tests/support/mrvTestGraph.h"
 
 #include <csignal>
@@ -59,6 +60,11 @@ TEST_F(XMLStreamTest, aGraphComesBackEqualWithItsCyclesAndSharedObjects)
         ASSERT_TRUE(readText(text, loaded));
         expectEqualScenes(loaded, scene);
         EXPECT_EQ(textOf(loaded), text);
+        deleteNodes();
+        const CommaLocale locale;
+        Scene loadedUnderCommas;
+        ASSERT_TRUE(readText(text, loadedUnderCommas));
+        EXPECT_EQ(textOf(loadedUnderCommas), text);
         EXPECT_EQ(_logger._messages, "");
         deleteNodes();
     }

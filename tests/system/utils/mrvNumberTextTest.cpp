@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <random>
@@ -158,6 +160,25 @@ TYPED_TEST(NumberTextOf, readsTheOddTextsThatAStreamReads)
         for (auto size = 1 + random() % 9; text.size() < size;)
             text += "0123456789+-.eE x,"[random() % 18];
         expectReadAsByStream<TypeParam>(text);
+    }
+}
+
+// Texts around the middle between two neighbours, where a rounding done twice would go wrong.
+TEST(NumberText, readsTheNearestFloatOfTextsThatHangOnTheLastDigit)
+{
+    std::mt19937 engine(11);
+    for (int i = 0; i < 2000; ++i)
+    {
+        const uint32_t bits = 0x38000000u + engine() % 0x10000000u; // 3e-5 to 1.6e5
+        float value = 0.0f;
+        std::memcpy(&value, &bits, sizeof(value));
+        const double middle = (static_cast<double>(value) + std::nextafter(value, 1e30f)) / 2;
+        char text[64];
+        for (const int digits : { 6, 9, 17, 19, 20, 60 })
+        {
+            std::snprintf(text, sizeof(text), "%.*f", digits, middle);
+            expectReadAsByStream<float>(text);
+        }
     }
 }
 
