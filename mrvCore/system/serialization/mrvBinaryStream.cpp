@@ -94,6 +94,8 @@ void BinaryStream::acquireBytes()
 
 void BinaryStream::releaseBytes()
 {
+    if (_isImported)
+        return putImportedIntoStream();
     if (_writeEnd == nullptr && _readEnd == nullptr)
         return;
     std::stringbuf& buffer = *_bytes->stream.rdbuf();
@@ -101,6 +103,16 @@ void BinaryStream::releaseBytes()
     char* const readEnd = std::max(BufferAreas::readEnd(buffer), BufferAreas::writeNext(buffer));
     BufferAreas::setRead(buffer, const_cast<char*>(_readNext), readEnd);
     _writeNext = _writeEnd = nullptr;
+    _readNext = _readEnd = nullptr;
+}
+
+void BinaryStream::putImportedIntoStream()
+{
+    const size_t position = static_cast<size_t>(_readNext - _imported.begin());
+    _isImported = false;
+    _bytes->stream.str(std::string(_imported.begin(), _imported.size()));
+    _bytes->stream.seekg(static_cast<std::streamoff>(position));
+    _imported = PODArray<char>();
     _readNext = _readEnd = nullptr;
 }
 
@@ -148,12 +160,17 @@ size_t BinaryStream::getLength()
 
 size_t BinaryStream::getPosition()
 {
+    if (_isImported)
+        return static_cast<size_t>(_readNext - _imported.begin());
     return static_cast<size_t>(static_cast<std::streamoff>(getStream().tellg()));
 }
 
 void BinaryStream::seekRead(size_t position)
 {
-    getStream().seekg(static_cast<std::streamoff>(position));
+    if (_isImported)
+        _readNext = _imported.begin() + position;
+    else
+        getStream().seekg(static_cast<std::streamoff>(position));
 }
 
 bool BinaryStream::exportTo(const char* fileName)
@@ -168,19 +185,33 @@ void BinaryStream::importFrom(const char* fileName)
 {
     MRV_ASSERT(FileDir::exist(fileName));
     std::ifstream file(fileName, std::ios::in | std::ios::binary);
-    std::string bytes;
+    PODArray<char> bytes;
     char block[65536];
     while (file.read(block, sizeof(block)) || file.gcount() > 0)
-        bytes.append(block, static_cast<size_t>(file.gcount()));
-    getStream().clear();
-    getStream().str(bytes);
+        bytes.insert(bytes.end(), block, block + file.gcount());
+    importFrom(std::move(bytes));
 }
 
 void BinaryStream::importFrom(const uint8_t* buffer, size_t size)
 {
     MRV_ASSERT(buffer != NULL);
+    PODArray<char> bytes;
+    bytes.assign(size, reinterpret_cast<const char*>(buffer));
+    importFrom(std::move(bytes));
+}
+
+void BinaryStream::importFrom(PODArray<char>&& bytes)
+{
+    _isImported = false; // what was imported before is not asked for any more
     getStream().clear();
-    getStream().str(std::string(reinterpret_cast<const char*>(buffer), size));
+    getStream().str(std::string());
+    _imported = std::move(bytes);
+    if (_imported.empty())
+        return;
+    _isImported = true;
+    _hasFailed = false;
+    _readNext = _imported.begin();
+    _readEnd = _imported.end();
 }
 
 void BinaryStream::setFirstPass(bool firstPass)
