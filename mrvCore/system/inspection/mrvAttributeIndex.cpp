@@ -64,7 +64,10 @@ void AttributeIndex::insert(unsigned int index)
     size_t slot = hashOf(name) & mask;
     for (; _slots[slot] != _none; slot = (slot + 1) & mask)
         if (std::strcmp(_attributes[_slots[slot]]->getName(), name) == 0)
+        {
+            _hasUniqueNames = false;
             return;
+        }
     _slots[slot] = index;
     // A character that a blank kept alive is not kept a second time: such a name does not find itself.
     MrvString identifier(name);

@@ -27,6 +27,9 @@ public:
     /// the last find; it is moved behind the attribute found.
     const AbstractAttribute* find(const char* name, unsigned int& hint) const;
 
+    /// False if an attribute hides one of a base.
+    bool hasUniqueNames() const { return _hasUniqueNames; }
+
 private:
     const AbstractAttribute* findByHash(const char* identifier, unsigned int& hint) const;
     void insert(unsigned int index);
@@ -36,6 +39,7 @@ private:
     PODArray<const AbstractAttribute*> _attributes;
     PODArray<unsigned char> _isFoundByName; ///< per attribute: a look-up of its stored name gives it
     PODArray<unsigned int> _slots;          ///< open hash table of indices by name
+    bool _hasUniqueNames = true;
 };
 
 } // namespace mrv

@@ -24,6 +24,28 @@ namespace {
 
 constexpr unsigned int firstPointerId = 1000000;
 
+// Which attributes of an object were read. Each is read once: a value that owns what it points at, stored
+// twice, would give one object two owners.
+class ReadAttributes
+{
+public:
+    /// False for an attribute that was added before.
+    bool add(unsigned int index)
+    {
+        const uint64_t bit = uint64_t(1) << (index % 64);
+        if (index / 64 > _others.size())
+            _others.resize(index / 64, 0);
+        uint64_t& bits = index < 64 ? _first : _others[index / 64 - 1];
+        const bool isNew = (bits & bit) == 0;
+        bits |= bit;
+        return isNew;
+    }
+
+private:
+    uint64_t _first = 0;
+    PODArray<uint64_t> _others;
+};
+
 } // namespace
 
 XMLStream::XMLStream() : _configurationItem("XMLSerialization"), _firstPassElement("element")
@@ -374,14 +396,20 @@ void XMLStream::readAttributes(const DataItem& item, void* object, const RTTI& r
     }
     const AttributeIndex& attributes = rtti.getAttributeIndex();
     unsigned int expected = 0;
+    ReadAttributes read;
     for (unsigned int i = 0; i < item.getChildrenCount(); ++i)
     {
         const DataItem& child = item.getChild(i);
-        if (const AbstractAttribute* attribute = attributes.find(child.getName(), expected))
+        const AbstractAttribute* const attribute = attributes.find(child.getName(), expected);
+        if (attribute == nullptr)
+            MRV_LOG_LIMITED(SDK, LOG_WARNING,
+                            "Attribute named " << child.getName() << " unexpected on node "
+                                               << item.getName());
+        else if (read.add(expected - 1) || !attributes.hasUniqueNames())
             attribute->unpack(*this, child, object);
         else
             MRV_LOG_LIMITED(SDK, LOG_WARNING,
-                            "Attribute named " << child.getName() << " unexpected on node "
+                            "Attribute named " << child.getName() << " stands twice on node "
                                                << item.getName());
     }
 }
