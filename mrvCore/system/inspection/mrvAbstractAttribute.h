@@ -4,6 +4,8 @@
 
 #include "mrvCore/mrvCoreApi.h"
 
+#include <cstddef>
+
 namespace mrv {
 
 class BinaryStream;
@@ -37,6 +39,9 @@ public:
 
     /// Reads the attribute into `object`, an instance of the owner's class.
     virtual void unpack(BinaryStream& stream, void* object) const = 0;
+
+    /// The least number of bytes that the attribute takes in a binary stream.
+    virtual size_t getMinimumBinarySize() const { return 0; }
 
     /// Writes the attribute of `object` into its element `item`.
     virtual void pack(XMLStream& stream, DataItem& item, const void* object) const = 0;

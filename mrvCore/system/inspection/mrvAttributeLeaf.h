@@ -29,6 +29,11 @@ struct BinarySite
     {
         stream.readLocalValue(value);
     }
+    template <typename V>
+    static size_t minimumSizeOf()
+    {
+        return Stream::template minimumSizeOf<V>();
+    }
 };
 
 /// Where an attribute stands in the XML stream: its element.
@@ -227,6 +232,10 @@ public:
     {
         this->template packTo<Leaf>(XMLSite<XMLStream, DataItem>{ stream, item },
                                     *static_cast<const Owner*>(object));
+    }
+    size_t getMinimumBinarySize() const override
+    {
+        return BinarySite<BinaryStream>::template minimumSizeOf<std::decay_t<typename Base::ValueType>>();
     }
     void unpack(XMLStream& stream, const DataItem& item, void* object) const override
     {

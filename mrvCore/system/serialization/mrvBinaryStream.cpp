@@ -360,6 +360,19 @@ unsigned int BinaryStream::readCount(size_t minimumElementSize)
     return count;
 }
 
+// An object in memory takes many times the bytes of its id and its attribute count.
+bool BinaryStream::hasBytesForObjects(size_t count, const RTTI& rtti)
+{
+    constexpr size_t fewObjects = 1000;
+    if (count <= fewObjects)
+        return true;
+    size_t size = internal::minimumObjectSize;
+    const AttributeIndex& attributes = rtti.getAttributeIndex();
+    for (unsigned int i = 0; i < attributes.getCount(); ++i)
+        size += attributes.get(i)->getMinimumBinarySize();
+    return count * size <= static_cast<size_t>(_readEnd - _readNext) || hasBytes(count * size);
+}
+
 void BinaryStream::writeObject(const void* object, const RTTI& rtti, bool isByValue)
 {
     if (isByValue)

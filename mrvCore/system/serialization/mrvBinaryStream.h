@@ -206,6 +206,13 @@ public:
         }
     }
 
+    /// The least number of bytes of a value. A count that a file claims is held against it.
+    template <typename T>
+    static constexpr size_t minimumSizeOf()
+    {
+        return internal::MinimumBinarySize<T>::value;
+    }
+
     /// Both passes over the graph of `object`, which stands first in what is appended to the buffer.
     template <typename T>
     void pack(const T& object);
@@ -257,6 +264,7 @@ private:
     void setFailed();
     bool hasFailed();
     unsigned int readCount(size_t minimumElementSize);
+    bool hasBytesForObjects(size_t count, const RTTI& rtti);
 
     void seekRead(size_t position);
 
@@ -354,6 +362,9 @@ void BinaryStream::readElements(Elements& elements)
 {
     using T = typename Elements::value_type;
     const unsigned int count = readCount(internal::MinimumBinarySize<T>::value);
+    if constexpr (internal::IsPersistentClass<T>::value)
+        if (!hasBytesForObjects(count, T::getClassRTTI()))
+            return;
     if (_firstPass)
     {
         if (internal::HoldsObjects<T>::value && !_readIdentities.beginContainer(&elements))

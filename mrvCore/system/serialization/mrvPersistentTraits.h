@@ -43,13 +43,17 @@ template <typename K, typename V>
 struct HoldsObjects<MrvMap<K, V>> : HoldsObjects<std::pair<K, V>>
 {};
 
+/// Id and attribute count.
+constexpr size_t minimumObjectSize = 8;
+
 /// The least number of bytes that a value takes in a binary stream. A count that a file claims is held
 /// against it before anything is allocated.
 template <typename T>
 struct MinimumBinarySize
 {
-    // An object takes its id and its attribute count, a vector its floats.
-    static constexpr size_t value = IsPersistentClass<T>::value ? 8 : sizeof(T) < 8 ? sizeof(T) : 8;
+    static constexpr size_t value = IsPersistentClass<T>::value ? minimumObjectSize
+                                    : sizeof(T) < 8             ? sizeof(T)
+                                                                : 8; // a vector's floats
 };
 template <typename T>
 struct MinimumBinarySize<T*>

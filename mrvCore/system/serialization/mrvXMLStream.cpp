@@ -261,12 +261,18 @@ void XMLStream::read(const DataItem& item, Quaternion& value)
     value = Quaternion(components[0], components[1], components[2], components[3]);
 }
 
-DataItem& XMLStream::touchElement(DataItem& item, size_t index)
+DataItem& XMLStream::touchElement(DataItem& item)
 {
     if (_firstPass)
         return _firstPassElement;
     DataItem& element = item.addChild();
     element.setName("element", 7);
+    return element;
+}
+
+DataItem& XMLStream::touchElement(DataItem& item, size_t index)
+{
+    DataItem& element = touchElement(item);
     doWriteAttribute(element, static_cast<unsigned int>(index), "index");
     return element;
 }

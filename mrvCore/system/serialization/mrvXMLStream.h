@@ -24,7 +24,8 @@ class Vector4;
 /// with more, fewer or reordered attributes still loads, with a warning for each that is not known.
 ///
 /// An object's element has "pointerID" and one child per attribute; a plain value's has "value"; arrays and
-/// maps have children named "element" with an "index". The content of an object that pointers share stands
+/// maps have children named "element", with an "index" unless they are
+/// entries of a map. The content of an object that pointers share stands
 /// at the first of them, the others only have its id.
 ///
 /// pack and unpack walk the graph twice. One stream serves one operation on one graph and is then done with.
@@ -224,6 +225,7 @@ private:
     void writeEntry(DataItem& item, const K& key, const V& value);
 
     /// The item of an element: a new child in the second pass, one to throw away in the first.
+    DataItem& touchElement(DataItem& item);
     DataItem& touchElement(DataItem& item, size_t index);
     Entry findEntry(const DataItem& item) const;
     /// The place of an element in an array of this size; false, with a warning, if it has none.
@@ -339,9 +341,8 @@ void XMLStream::write(DataItem& item, const MrvMap<K, V>& map)
 {
     if (!_firstPass)
         item.reserveChildrenSpace(map.size());
-    size_t index = 0;
-    for (auto entry = map.begin(); entry != map.end(); ++entry, ++index)
-        writeEntry(touchElement(item, index), entry.getKey(), entry.getValue());
+    for (auto entry = map.begin(); entry != map.end(); ++entry)
+        writeEntry(touchElement(item), entry.getKey(), entry.getValue());
 }
 
 template <typename K, typename V>

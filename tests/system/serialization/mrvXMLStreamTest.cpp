@@ -114,7 +114,7 @@ TEST_F(XMLStreamTest, mapsAndPairsHoldTheirTwoElements)
     scene._pair = std::make_pair(1, MrvString("one"));
     const std::string text = textOf(scene);
     EXPECT_NE(text.find(R"(		<ages>
-			<element index="0">
+			<element>
 				<element index="0" value="a"/>
 				<element index="1" value="5"/>
 			</element>
