@@ -1,0 +1,45 @@
+// mrvCore/animation/_compatibility/mrvMaravoCharacterV10.h
+// A character of version 10, as files hold it.
+#pragma once
+
+#include "mrvCore/animation/_compatibility/mrvFrozenCharacter.h"
+#include "mrvCore/animation/_compatibility/mrvGenericSpecificConverterMappingV7.h"
+#include "mrvCore/assetManagement/_compatibility/mrvAssetGroupV0.h"
+#include "mrvCore/assetManagement/_compatibility/mrvGeometryAssetV1.h"
+#include "mrvCore/assetManagement/_compatibility/mrvMeshAssetV2.h"
+#include "mrvCore/assetManagement/_compatibility/mrvRenderingTypeV3.h"
+#include "mrvCore/assetManagement/_compatibility/mrvShaderAssetV1.h"
+#include "mrvCore/assetManagement/_compatibility/mrvShaderAttributeV1.h"
+#include "mrvCore/assetManagement/mrvShadingGroup.h"
+#include "mrvCore/system/containers/mrvMap.h"
+
+namespace mrv {
+
+class MaravoCharacterV9;
+
+/// Of product version 6.2.1. New: shader attributes for the whole character, and their kinds of values.
+class MRV_CORE_API MaravoCharacterV10 : public internal::FrozenCharacter<GenericSpecificConverterMappingV7>
+{
+public:
+    MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV10)
+
+    MaravoCharacterV10();
+    ~MaravoCharacterV10() override;
+
+    /// Takes over what the old character holds, or copies it.
+    void createFromV9(MaravoCharacterV9& old);
+    void createFromV9(const MaravoCharacterV9& old);
+
+    MrvString _name = "Character";
+    PODArray<int> _mainAssetGroups;
+    PODArray<int> _mainShaderAttributes;
+    Array<AssetGroupV0> _allAssetGroups;
+    Array<MeshAssetV2> _meshAssets;
+    MrvMap<short, Array<GeometryAssetV1>> _geometryAssetsPerTags;
+    Array<ShadingGroupV1> _shadingGroups;
+    Array<ShaderAttributeV1> _shaderAttributes;
+    Array<ShaderAssetV1> _shaderAssets;
+    Array<RenderingTypeV3> _renderingTypes;
+};
+
+} // namespace mrv
