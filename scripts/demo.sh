@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library and its batch host in release, and runs the host.
+# Installs what is missing, builds the library and its batch host in release, and runs the host on the samples.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -7,7 +7,22 @@ source "$(dirname "$0")/common.sh"
 build_preset release mrvcharacter
 
 host=$root/build/release/bin/mrvcharacter
-say "mrvcharacter about"
-"$host" about
-say "mrvcharacter classes"
-"$host" classes
+results=$root/build/demo
+mkdir -p "$results"
+cd "$root"
+
+run() {
+    say "mrvcharacter $*"
+    "$host" "$@"
+}
+
+run about
+run classes
+run info samples/*.mvcf samples/*.mvc
+for name in courier hound; do
+    run convert "samples/$name.mvcf" "build/demo/$name.mvc"
+    run convert "samples/$name.mvc" "build/demo/$name.mvcf"
+    run diff "build/demo/$name.mvc" "build/demo/$name.mvcf"
+    run draw "samples/$name.mvcf" "build/demo/$name.png"
+done
+say "the pictures are $results/courier.png and $results/hound.png"

@@ -14,7 +14,8 @@ source "$(dirname "$0")/common.sh"
 
 packages=(
     ca-certificates g++ make cmake ninja-build pkg-config locales
-    librapidxml-dev libcli11-dev libgtest-dev libbenchmark-dev
+    librapidxml-dev liblodepng-dev libgtest-dev libbenchmark-dev
+    libcli11-dev nlohmann-json3-dev libassimp-dev libcairo2-dev
 )
 command -v npm >/dev/null || packages+=(npm)
 for group in "$@"; do

@@ -2,12 +2,28 @@
 // The batch host: starts the library, runs one sub-command, stops the library.
 #include "hosts/mrvcharacter/mrvAboutCommand.h"
 #include "hosts/mrvcharacter/mrvClassesCommand.h"
+#include "hosts/mrvcharacter/mrvConvertCommand.h"
+#include "hosts/mrvcharacter/mrvDiffCommand.h"
+#include "hosts/mrvcharacter/mrvDrawCommand.h"
+#include "hosts/mrvcharacter/mrvImportCommand.h"
+#include "hosts/mrvcharacter/mrvInfoCommand.h"
+#include "hosts/mrvcharacter/mrvValidateCommand.h"
 
 #include "mrvCore/mrvCore.h"
 
 #include <CLI/CLI.hpp>
 
+#include <exception>
+#include <iostream>
+
 namespace {
+
+// In the order in which --help lists them.
+constexpr void (*addCommands[])(CLI::App&, int&) = {
+    &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand, &mrvcharacter::addInfoCommand,
+    &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand, &mrvcharacter::addImportCommand,
+    &mrvcharacter::addDrawCommand,     &mrvcharacter::addDiffCommand,
+};
 
 int runCommandLine(int argc, char** argv)
 {
@@ -15,10 +31,23 @@ int runCommandLine(int argc, char** argv)
     app.require_subcommand(1);
 
     int exitCode = 0;
-    mrvcharacter::addAboutCommand(app, exitCode);
-    mrvcharacter::addClassesCommand(app, exitCode);
+    for (const auto addCommand : addCommands)
+        addCommand(app, exitCode);
 
-    CLI11_PARSE(app, argc, argv);
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        // A call for help comes this way too.
+        return app.exit(error) == 0 ? 0 : 2;
+    }
+    catch (const std::exception& exception)
+    {
+        std::cerr << "mrvcharacter: " << exception.what() << '\n';
+        return 2;
+    }
     return exitCode;
 }
 

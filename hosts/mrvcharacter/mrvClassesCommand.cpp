@@ -1,17 +1,16 @@
 // hosts/mrvcharacter/mrvClassesCommand.cpp
 #include "hosts/mrvcharacter/mrvClassesCommand.h"
 
+#include "hosts/mrvcharacter/mrvTextTable.h"
+
 #include "mrvCore/system/containers/mrvPODArray.h"
 #include "mrvCore/system/containers/mrvString.h"
 #include "mrvCore/system/inspection/mrvRTTI.h"
 
 #include <CLI/App.hpp>
 
-#include <algorithm>
-#include <iomanip>
 #include <iostream>
 #include <string>
-#include <vector>
 
 namespace mrvcharacter {
 
@@ -28,34 +27,15 @@ std::string joinBaseNames(const mrv::RTTI& record)
     return names.empty() ? "-" : names;
 }
 
-struct Row
-{
-    std::string typeID, name, bases, attributes;
-};
-
 void printClasses()
 {
-    std::vector<Row> rows = { { "TypeID", "Name", "Bases", "Attributes" } };
-    for (const mrv::RTTI* record : mrv::RTTI::getRTTIs())
-    {
-        rows.push_back({ record->getTypeID().getString().c_str(), record->getTypeName(),
-                         joinBaseNames(*record), std::to_string(record->getAttributesCount()) });
-    }
-    size_t nameWidth = 0;
-    size_t basesWidth = 0;
-    for (const Row& row : rows)
-    {
-        nameWidth = std::max(nameWidth, row.name.size());
-        basesWidth = std::max(basesWidth, row.bases.size());
-    }
-    for (const Row& row : rows)
-    {
-        std::cout << std::left << std::setw(36) << row.typeID << "  "
-                  << std::setw(static_cast<int>(nameWidth)) << row.name << "  "
-                  << std::setw(static_cast<int>(basesWidth)) << row.bases << "  " << std::right
-                  << std::setw(10) << row.attributes << '\n';
-    }
-    std::cout << rows.size() - 1 << " registered types\n";
+    TextTable table({ { "TypeID" }, { "Name" }, { "Bases" }, { "Attributes", TextTable::Alignment::RIGHT } });
+    const mrv::PODArray<const mrv::RTTI*> records = mrv::RTTI::getRTTIs();
+    for (const mrv::RTTI* record : records)
+        table.addRow({ record->getTypeID().getString().c_str(), record->getTypeName(), joinBaseNames(*record),
+                       std::to_string(record->getAttributesCount()) });
+    table.print(std::cout);
+    std::cout << records.size() << " registered types\n";
 }
 
 } // namespace
