@@ -1,0 +1,276 @@
+// tests/animation/mrvCharacterVersionsTest.cpp
+// Every version of the character, from both forms of its files up to the current one.
+#include "mrvCore/animation/mrvCharacterVersions.h"
+
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV20.h"
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV21.h"
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV5.h"
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV6.h"
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV7.h"
+#include "mrvCore/animation/_compatibility/mrvMaravoCharacterV8.h"
+#include "mrvCore/animation/mrvMaravoCharacter.h"
+#include "mrvCore/system/serialization/mrvBinaryStream.h"
+#include "mrvCore/system/serialization/mrvXMLStream.h"
+#include "mrvCore/system/xml/mrvXMLDataFileParser.h"
+#include "tests/animation/mrvCharacterVersionValues.h"
+#include "tests/support/mrvCharacterDescription.h"
+#include "tests/support/mrvCoreFixture.h"
+#include "tests/support/mrvItemPaths.h"
+#include "tests/support/mrvTemporaryFolder.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <regex>
+#include <sstream>
+
+namespace mrv {
+namespace {
+
+using Load = LoadCharacterFileErrorCode;
+using AnyCharacter = std::unique_ptr<MaravoCharacterInterface>;
+
+DataItem pack(const MaravoCharacterInterface& character)
+{
+    DataItem root("maravoObject");
+    XMLStream().pack(root, character);
+    return root;
+}
+
+const DataItem& objectIn(const DataItem& root)
+{
+    return root.getChild(0u);
+}
+
+bool isOf(const VersionValue& row, int version)
+{
+    return row.first <= version && version <= row.last;
+}
+
+/// A character of that version with all values of the table.
+AnyCharacter makeCharacter(int version)
+{
+    DataItem root("maravoObject");
+    DataItem& object = root.addChild();
+    for (const VersionValue& row : versionValues)
+        if (isOf(row, version) && row.in != nullptr)
+            test::setItem(object, row.in, row.value);
+    AnyCharacter character(createCharacter(version));
+    EXPECT_TRUE(XMLStream().unpack(root, *character));
+    return character;
+}
+
+std::string xmlForm(const MaravoCharacterInterface& character, int version)
+{
+    DataItem root("maravoObject");
+    root.addAttribute("Version", version);
+    XMLStream().pack(root, character);
+    std::ostringstream text;
+    XMLDataFileParser().writeToBuffer(text, root);
+    return text.str();
+}
+
+std::string binaryForm(const MaravoCharacterInterface& character, int version)
+{
+    BinaryStream stream;
+    stream.pack(character);
+    std::string bytes = "\x11\x6C";
+    bytes.append(reinterpret_cast<const char*>(&version), sizeof(version));
+    return bytes + stream.getStream().str();
+}
+
+std::string formOf(const MaravoCharacterInterface& character, int version, const std::string& extension)
+{
+    return extension == "mvcf" ? xmlForm(character, version) : binaryForm(character, version);
+}
+
+/// Normalized axes and orientations are near what they should be.
+bool isSameValue(const std::string& actual, const std::string& expected)
+{
+    char* actualEnd = nullptr;
+    char* expectedEnd = nullptr;
+    const double a = std::strtod(actual.c_str(), &actualEnd);
+    const double b = std::strtod(expected.c_str(), &expectedEnd);
+    const bool areNumbers = !expected.empty() && *actualEnd == '\0' && *expectedEnd == '\0';
+    return areNumbers ? std::abs(a - b) < 1e-5 : actual == expected;
+}
+
+/// Fails for each value that did not go where the table sends it.
+void expectValues(const MaravoCharacterInterface& character, int version)
+{
+    const DataItem root = pack(character);
+    for (const VersionValue& row : versionValues)
+    {
+        const std::string out = row.out != nullptr ? row.out : row.in;
+        if (!isOf(row, version) || out.empty())
+            continue;
+        const std::string actual = test::getItem(objectIn(root), out);
+        const std::string expected = row.result != nullptr ? row.result : row.value;
+        EXPECT_TRUE(isSameValue(actual, expected)) << out << " is " << actual << ", not " << expected;
+    }
+}
+
+using CharacterVersions = CoreTest;
+
+TEST_F(CharacterVersions, areMadeByNumber)
+{
+    for (int version = 0; version <= MRV_MVC_VERSION; ++version)
+        EXPECT_EQ("mrv::MaravoCharacterV" + std::to_string(version),
+                  AnyCharacter(createCharacter(version))->getRTTI().getTypeName());
+    EXPECT_EQ(createCharacter(-1), nullptr);
+    EXPECT_EQ(createCharacter(MRV_MVC_VERSION + 1), nullptr);
+}
+
+TEST_F(CharacterVersions, haveNamesOfTheProduct)
+{
+    const std::pair<int, const char*> names[] = {
+        { -1, "" },       { 0, "" },       { 2, "" },       { 3, "4.0.2" }, { 7, "5.0.4_develop" },
+        { 8, "5.1.1.2" }, { 21, "9.0.0" }, { 23, "9.0.0" }, { 24, "9.1" },  { 25, "" },
+    };
+    for (const auto& [version, name] : names)
+        EXPECT_STREQ(MaravoCharacterV24::getCharacterVersionName(version).c_str(), name) << version;
+}
+
+TEST_F(CharacterVersions, endAtTheCurrentOneAlsoWhereThereIsNothingInThem)
+{
+    for (int version = 0; version < MRV_MVC_VERSION; ++version)
+    {
+        MaravoCharacterInterface* converted = nullptr;
+        convertFrom(createCharacter(version), converted, version);
+        const AnyCharacter owner(converted);
+        const MaravoCharacterV24* character = dynamic_cast<MaravoCharacterV24*>(converted);
+        ASSERT_NE(character, nullptr) << version;
+        EXPECT_STREQ(character->_name.c_str(), version < 5 ? "" : "Character") << version;
+        EXPECT_EQ(character->_perceptionShapeExtents, Vector3(1.0f, 1.0f, 1.0f)) << version;
+    }
+    MaravoCharacterV24 current;
+    MaravoCharacterInterface* same = nullptr;
+    convertFrom(&current, same, MRV_MVC_VERSION);
+    EXPECT_EQ(same, &current);
+}
+
+TEST_F(CharacterVersions, thatAreNotWhatTheNumberSaysAreFatal)
+{
+    MaravoCharacterV24 current;
+    MaravoCharacterInterface* result = nullptr;
+    EXPECT_DEATH(convertFrom(&current, result, 12), "oldCharacter != NULL");
+    EXPECT_DEATH(convertFrom(nullptr, result, 12), "oldCharacter != NULL");
+    EXPECT_DEATH(convertFrom(&current, result, 25), "version == MRV_MVC_VERSION");
+    EXPECT_DEATH(convertFrom(&current, result, -1), "version == MRV_MVC_VERSION");
+    EXPECT_DEATH(convertFrom(nullptr, result, 24), "dynamic_cast<MaravoCharacter\\*>\\(newChar\\) != NULL");
+}
+
+class EachCharacterVersion : public CoreTest, public testing::WithParamInterface<int>
+{
+protected:
+    void expectFile(const MrvString& fileName)
+    {
+        SCOPED_TRACE(fileName.c_str());
+        MaravoCharacterV24 character;
+        ASSERT_EQ(character.loadCharacterFile(fileName, false), Load::SUCCESS);
+        EXPECT_EQ(character._fileVersion, GetParam());
+        expectValues(character, GetParam());
+    }
+
+    TemporaryFolder _folder;
+};
+
+TEST_P(EachCharacterVersion, comesUpFromBothForms)
+{
+    const AnyCharacter character = makeCharacter(GetParam());
+    for (const std::string extension : { "mvc", "mvcf" })
+        expectFile(_folder.write(("c." + extension).c_str(), formOf(*character, GetParam(), extension)));
+}
+
+// A value that the table forgot would be lost unnoticed.
+TEST_P(EachCharacterVersion, hasEachOfItsValuesInTheTable)
+{
+    // Elements of one class have one row for each value; classes that never changed have one row.
+    const auto normalize = [](std::string path) {
+        path = std::regex_replace(path, std::regex("\\.children\\[0\\]"), "");
+        path = std::regex_replace(path, std::regex("\\[[0-9]\\]"), "");
+        return std::regex_replace(path, std::regex("(limb|effector)Bones"), "spineBones");
+    };
+    const std::regex unchanged(".*(skeletonOverrides|blindDataOverrides|physicsOverrides|skeletonDisplay)\\.."
+                               "*|.*#|.*(rootBone|renderingTypes).children");
+    std::set<std::string> told;
+    for (const VersionValue& row : versionValues)
+        if (isOf(row, GetParam()) && row.in != nullptr)
+            told.insert(normalize(row.in));
+    const DataItem root = pack(*makeCharacter(GetParam()));
+    for (const std::string& path : test::getItemPaths(objectIn(root)))
+    {
+        const std::string value = normalize(path);
+        const auto found = told.lower_bound(value);
+        EXPECT_TRUE(std::regex_match(value, unchanged) || (found != told.end() && found->find(value) == 0))
+            << path;
+    }
+}
+
+// Files that were written once. For a new version they are written where they are missing, by a run with
+// MRV_WRITE_VERSION_FILES set; they are never written anew.
+TEST_P(EachCharacterVersion, comesUpFromItsStoredFiles)
+{
+    for (const std::string extension : { "mvc", "mvcf" })
+    {
+        const std::string fileName = std::string(MRV_TEST_DATA) + "/versions/character_v" +
+                                     std::to_string(GetParam()) + "." + extension;
+        if (std::getenv("MRV_WRITE_VERSION_FILES") != nullptr && !std::filesystem::exists(fileName))
+            std::ofstream(fileName, std::ios::binary)
+                << formOf(*makeCharacter(GetParam()), GetParam(), extension);
+        expectFile(fileName.c_str());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, EachCharacterVersion, testing::Range(0, MRV_MVC_VERSION),
+                         [](const auto& row) { return std::to_string(row.param); });
+
+/// Steps from a filled character, once from one that is used up and once from one that stays.
+template <class Old, class New>
+void expectCopy(int version, void (New::*take)(Old&), void (New::*copy)(const Old&))
+{
+    SCOPED_TRACE(version);
+    const AnyCharacter kept = makeCharacter(version);
+    const AnyCharacter usedUp = makeCharacter(version);
+    const std::string before = xmlForm(*kept, version);
+    New copied, taken;
+    (copied.*copy)(static_cast<const Old&>(*kept));
+    (taken.*take)(static_cast<Old&>(*usedUp));
+    EXPECT_EQ(xmlForm(*kept, version), before);
+    EXPECT_EQ(xmlForm(copied, version), xmlForm(taken, version));
+}
+
+TEST_F(CharacterVersions, mayAlsoBeCopied)
+{
+    expectCopy<MaravoCharacterV5, MaravoCharacterV6>(5, &MaravoCharacterV6::createFromV5,
+                                                     &MaravoCharacterV6::createFromV5);
+    expectCopy<MaravoCharacterV7, MaravoCharacterV8>(7, &MaravoCharacterV8::createFromV7,
+                                                     &MaravoCharacterV8::createFromV7);
+    expectCopy<MaravoCharacterV20, MaravoCharacterV21>(20, &MaravoCharacterV21::createFromV20,
+                                                       &MaravoCharacterV21::createFromV20);
+}
+
+class OldSamples : public CoreTest, public testing::WithParamInterface<const char*>
+{};
+
+TEST_P(OldSamples, comeOutWithAllOfTheirContent)
+{
+    const std::string name = std::string(MRV_TEST_DATA) + "/characters/" + GetParam();
+    const CharacterDescription description(name + ".json");
+    for (const char* extension : { ".mvc", ".mvcf" })
+    {
+        SCOPED_TRACE(extension);
+        MaravoCharacterV24 character;
+        ASSERT_EQ(character.loadCharacterFile((name + extension).c_str(), false), Load::SUCCESS);
+        EXPECT_EQ(character._fileVersion, description.versionRead);
+        expectDescribed(character, description);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, OldSamples,
+                         testing::Values("biped_v0", "biped_v4", "biped_v5", "biped_v12", "biped_v20",
+                                         "biped_v23"),
+                         [](const auto& row) { return std::string(row.param); });
+
+} // namespace
+} // namespace mrv

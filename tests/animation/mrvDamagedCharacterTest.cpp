@@ -1,0 +1,247 @@
+// tests/animation/mrvDamagedCharacterTest.cpp
+// Damaged character files: whatever they hold, loading ends in an error code or in a character that can be
+// used.
+#include "mrvCore/animation/mrvHierarchicalBone.h"
+#include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
+#include "mrvCore/animation/mrvMaravoCharacter.h"
+#include "tests/support/mrvCoreFixture.h"
+#include "tests/support/mrvTemporaryFolder.h"
+#include "tests/support/mrvTestSkeleton.h"
+
+#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <string>
+
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace mrv {
+namespace {
+
+using Load = LoadCharacterFileErrorCode;
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool isMemoryTold = false; // what a sanitizer keeps hides it
+#else
+constexpr bool isMemoryTold = true;
+#endif
+constexpr long maximumKilobytes = 64 * 1024;
+
+std::string sample(const std::string& name)
+{
+    std::ifstream stream(std::string(MRV_TEST_DATA) + "/characters/" + name, std::ios::binary);
+    std::string content(std::istreambuf_iterator<char>(stream), {});
+    EXPECT_FALSE(content.empty());
+    return content;
+}
+
+/// Follows every index and pointer that a character holds.
+void use(MaravoCharacterV24& character)
+{
+    PODArray<int> indices;
+    PODArray<bool> enabled;
+    const WeightOverrideV1* found = nullptr;
+    for (const AssetGroupV4& group : character._allAssetGroups)
+        group.getAllMeshAssets(indices, character);
+    for (const ShadingGroupV1& group : character._shadingGroups)
+        character.findShaderAsset(group, "surface");
+    for (const MeshAssetV8& mesh : character._meshAssets)
+        character.getFurMeshes(mesh, indices, enabled);
+    for (int type = 0; type < character._renderingTypes.sizeInt(); ++type)
+        MaravoCharacterV24::findWeightOverride(found, character._renderingTypes, type, 0,
+                                               WeightOverrideType::GROUP);
+    indices.clear();
+    for (int bone = 0; bone < 100; ++bone)
+        indices.push_back(bone);
+    character.autoComputePerceptionShape();
+    character.autoComputeSkeletonDisplay(indices);
+}
+
+/// Ends the process when it has worked that long; 0 takes it back. Waiting for the processor does not count.
+void allowSeconds(time_t seconds)
+{
+    const itimerval limit{ { 0, 0 }, { seconds, 0 } };
+    setitimer(ITIMER_PROF, &limit, nullptr);
+}
+
+class DamagedCharacters : public CoreTest
+{
+protected:
+    DamagedCharacters()
+        : _next(static_cast<size_t*>(
+              mmap(nullptr, sizeof(size_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
+    {}
+    ~DamagedCharacters() override { munmap(_next, sizeof(size_t)); }
+
+    using MakeInput = std::function<std::string(size_t)>;
+    using IsRight = std::function<bool(size_t, Load::Value)>;
+
+    /// Loads `count` inputs in child processes, each of which goes on until an input ends it. Returns how
+    /// many did so by the end that is demanded for an object of the wrong size; any other end is a failure.
+    size_t load(const char* extension, size_t count, const MakeInput& makeInput, const IsRight& isRight)
+    {
+        size_t demandedEnds = 0;
+        for (*_next = 0; *_next < count;)
+        {
+            const pid_t child = fork();
+            if (child == 0)
+                loadInChild(extension, count, makeInput, isRight);
+            int status = -1;
+            rusage usage;
+            EXPECT_EQ(wait4(child, &status, 0, &usage), child);
+            const bool isDemanded = WIFSIGNALED(status) && WTERMSIG(status) == SIGTRAP;
+            if (status != 0 && !isDemanded)
+            {
+                ADD_FAILURE() << "input " << *_next - 1 << " of " << extension << " ended with status "
+                              << status << '\n'
+                              << _folder.read("messages");
+                break;
+            }
+            EXPECT_TRUE(!isMemoryTold || usage.ru_maxrss < maximumKilobytes)
+                << usage.ru_maxrss << " kilobytes up to input " << *_next - 1;
+            demandedEnds += isDemanded;
+        }
+        return demandedEnds;
+    }
+
+private:
+    [[noreturn]] void loadInChild(const char* extension, size_t count, const MakeInput& makeInput,
+                                  const IsRight& isRight)
+    {
+        if (std::freopen(_folder.path("messages").c_str(), "w", stderr) == nullptr)
+            _exit(2);
+        const std::string name = std::string("c.") + extension;
+        while (*_next < count)
+        {
+            const size_t input = (*_next)++;
+            _folder.write(name.c_str(), makeInput(input));
+            allowSeconds(2);
+            MaravoCharacterV24 character;
+            const Load::Value result = character.loadCharacterFile(_folder.path(name.c_str()), true);
+            if (result == Load::SUCCESS)
+                use(character);
+            character.saveCharacterFileBinary("/dev/null");
+            allowSeconds(0);
+            if (!isRight(input, result))
+            {
+                std::fprintf(stderr, "wrong result %d\n", result);
+                std::fflush(stderr);
+                _exit(1);
+            }
+        }
+        _exit(0);
+    }
+
+    TemporaryFolder _folder;
+    size_t* _next; ///< the input that is next, shared with the children
+};
+
+const char* const sampleNames[] = { "biped_v24.mvc", "quadruped_v24.mvc", "biped_v24.mvcf",
+                                    "quadruped_v24.mvcf" };
+
+const char* extensionOf(const std::string& name)
+{
+    return name.back() == 'f' ? "mvcf" : "mvc";
+}
+
+TEST_F(DamagedCharacters, thatAreCutOffAreRefused)
+{
+    constexpr size_t step = 97;
+    for (const std::string name : sampleNames)
+    {
+        const std::string whole = sample(name);
+        const bool isXML = name.back() == 'f';
+        const size_t needed = isXML ? whole.rfind('>') : whole.size() - 1;
+        const size_t ends = load(
+            extensionOf(name), needed / step + 1,
+            [&](size_t i) { return whole.substr(0, needed - i * step); },
+            [&](size_t, Load::Value result) {
+                return isXML ? result != Load::SUCCESS : result == Load::INVALID_FILE;
+            });
+        EXPECT_EQ(ends, 0u) << name;
+    }
+}
+
+TEST_F(DamagedCharacters, withWrongBytesAreSurvived)
+{
+    constexpr size_t count = 500;
+    for (const std::string name : sampleNames)
+    {
+        const std::string whole = sample(name);
+        load(
+            extensionOf(name), count,
+            [&](size_t i) {
+                std::mt19937 random(static_cast<uint32_t>(i));
+                std::string damaged = whole;
+                damaged[random() % damaged.size()] = static_cast<char>(random());
+                return damaged;
+            },
+            [](size_t, Load::Value result) { return result >= Load::SUCCESS && result < Load::END; });
+    }
+}
+
+/// What a file can make of a skeleton with the bones root, a, b.
+const struct
+{
+    const char* name;
+    void (*damage)(HierarchicalSkeletonDescriptionV1&, HierarchicalBoneV1* root, HierarchicalBoneV1* a,
+                   HierarchicalBoneV1* b);
+    bool isLoaded; ///< what the copy of the description mends
+} skeletonCases[] = {
+    { "sound", [](auto&, auto, auto, auto) {}, true },
+    { "equalIndices", [](auto&, auto, auto, auto b) { b->setSpecificBoneIndex(1); }, true },
+    { "aFatherFromOutside", [](auto& skeleton, auto, auto, auto) { skeleton.touchBones().eraseAt(1); },
+      true },
+    { "aRing", [](auto&, auto, auto a, auto b) { a->setFather(b); }, false },
+    { "aRingOfOne", [](auto&, auto, auto a, auto) { a->setFather(a); }, false },
+    { "aRingAtTheRoot", [](auto&, auto root, auto, auto b) { root->setFather(b); }, false },
+    { "aNullBone", [](auto& skeleton, auto, auto, auto) { skeleton.touchBones().push_back(nullptr); },
+      false },
+    { "noRoot", [](auto& skeleton, auto, auto, auto) { skeleton.setRootBone(nullptr); }, false },
+    { "aRootThatIsNotTheFirst", [](auto& skeleton, auto, auto a, auto) { skeleton.setRootBone(a); }, false },
+};
+
+TEST_F(DamagedCharacters, withoutATreeOfBonesAreRefused)
+{
+    const auto makeInput = [&](size_t i) {
+        MaravoCharacterV24 character;
+        HierarchicalSkeletonDescriptionV1 skeleton("skeleton");
+        test::fillSkeleton(skeleton, "root -\na root 0 0 1\nb a 0 0 1\n");
+        character._converterMapping.duplicateHierarchicalSkeletonDescription(skeleton);
+        HierarchicalSkeletonDescriptionV1& damaged = *character._converterMapping.touchSkeletonDescription();
+        const PODArray<HierarchicalBoneV1*> bones = damaged.getBones();
+        skeletonCases[i].damage(damaged, bones[0], bones[1], bones[2]);
+        TemporaryFolder folder;
+        character.saveCharacterFileBinary(folder.path("c.mvc"));
+        return folder.read("c.mvc");
+    };
+    const auto isRight = [](size_t i, Load::Value result) {
+        return result == (skeletonCases[i].isLoaded ? Load::SUCCESS : Load::INVALID_SKELETON_DESCRIPTION);
+    };
+    EXPECT_EQ(load("mvc", std::size(skeletonCases), makeInput, isRight), 0u);
+}
+
+// A bone that is listed twice belongs to the description once.
+TEST_F(DamagedCharacters, mayListABoneTwice)
+{
+    const auto makeInput = [](size_t) {
+        std::string text = sample("biped_v24.mvcf");
+        const std::string bones = "<bones>";
+        const size_t first = text.find("pointerID=", text.find(bones));
+        const size_t second = text.find("pointerID=", first + 1);
+        const auto idAt = [&text](size_t place) {
+            return text.substr(place, text.find('"', place + 11) + 1 - place);
+        };
+        return text.replace(second, idAt(second).size(), idAt(first));
+    };
+    EXPECT_EQ(load("mvcf", 1, makeInput, [](size_t, Load::Value result) { return result == Load::SUCCESS; }),
+              0u);
+}
+
+} // namespace
+} // namespace mrv

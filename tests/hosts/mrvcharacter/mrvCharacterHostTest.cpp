@@ -1,0 +1,382 @@
+// tests/hosts/mrvcharacter/mrvCharacterHostTest.cpp
+// The sub-commands of the batch host, run as a user runs them.
+#include "tests/hosts/mrvcharacter/mrvHostProgram.h"
+
+#include "mrvCore/utils/mrvPNG.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+namespace mrv {
+
+namespace {
+
+using Json = nlohmann::json;
+
+const std::string samples = MRV_TEST_DATA "/../../samples/";
+const std::string rigs = MRV_EXTRA_DATA "/data/skeletons/";
+
+std::string readFile(const std::string& name)
+{
+    std::ifstream stream(name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
+}
+
+const std::string heading = "index,name,parent,px,py,pz,qx,qy,qz,qw\n";
+
+/// The files of the folder that command lines name by "{T}".
+void writeFiles(const TemporaryFolder& folder)
+{
+    folder.write("empty.mvc", "");
+    folder.write("garbage.mvc", "This is no character.");
+    folder.write("garbage.mvcf", "<maravoObject Version=\"24\"><maravoObject>");
+    folder.write("future.mvc", std::string("\x11\x6C\x63\0\0\0", 6));
+    folder.write("empty.csv", "");
+    folder.write("heading.csv", heading);
+    folder.write("otherTable.csv", "name,price\nrope,3\n");
+    folder.write("fatherLoop.csv", heading + "0,root,-1,0,0,1,0,0,0,1\n1,a,1,0,0,1,0,0,0,1\n");
+    folder.write("fatherAfterChild.csv",
+                 heading + "0,root,-1,0,0,1,0,0,0,1\n1,a,2,0,0,1,0,0,0,1\n2,b,0,0,0,1,0,0,0,1\n");
+    folder.write("unknownFather.csv", heading + "0,root,-2,0,0,1,0,0,0,1\n");
+    folder.write("skippedIndex.csv", heading + "0,root,-1,0,0,1,0,0,0,1\n2,a,0,0,0,1,0,0,0,1\n");
+    folder.write("shortRow.csv", heading + "0,root,-1,0,0,1,0,0,0\n");
+    folder.write("noNumber.csv", heading + "0,root,-1,0,zero,1,0,0,0,1\n");
+    folder.write("notFinite.csv", heading + "0,root,-1,0,nan,1,0,0,0,1\n");
+    folder.write("noRotation.csv", heading + "0,root,-1,0,0,1,0,0,0,0\n");
+    folder.write("noName.csv", heading + "0,,-1,0,0,1,0,0,0,1\n");
+    folder.write("garbage.bvh", "HIERARCHY\nROOT hips\n{\n");
+    folder.write("good.csv", heading + "0,root,-1,0,0,1,0,0,0,1\r\n1,a,0,0,0,0.5,0,0,0,2\r\n\r\n");
+}
+
+struct CommandCase
+{
+    const char* name;
+    const char* line; ///< {T} is the folder of the files above, {S} that of the samples
+    int exitCode;
+    const char* out; ///< part of the text, null for no text at all
+    const char* err;
+};
+
+const CommandCase commandCases[] = {
+    { "helpNamesTheCommands", "--help", 0, "validate", nullptr },
+    { "helpOfInfo", "info --help", 0, "FILES", nullptr },
+    { "helpOfValidate", "validate --help", 0, "--json", nullptr },
+    { "helpOfConvert", "convert --help", 0, ".mvcf", nullptr },
+    { "helpOfImport", "import --help", 0, "--front", nullptr },
+    { "helpOfDraw", "draw --help", 0, "OUT.png", nullptr },
+    { "helpOfDiffTellsExitCodes", "diff --help", 0, "2 for trouble", nullptr },
+    { "noCommand", "", 2, nullptr, "subcommand is required" },
+    { "unknownCommand", "mangle", 2, nullptr, "subcommand is required" },
+
+    { "infoOfNothing", "info", 2, nullptr, "FILES" },
+    { "infoOfMissing", "info {T}missing.mvc", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+    { "infoOfFolder", "info {T}", 1, nullptr, ": INVALID_FILE" },
+    { "infoOfEmpty", "info {T}empty.mvc", 1, nullptr, "empty.mvc: INVALID_FILE" },
+    { "infoGoesOnBehindABadFile", "info {T}garbage.mvc {S}courier.mvc", 1, "Courier",
+      "garbage.mvc: INVALID_FILE" },
+    { "infoHasOneLineAFile", "info {S}hound.mvcf {S}courier.mvc", 0, "Hound", nullptr },
+
+    { "validateGood", "validate {S}courier.mvcf {S}hound.mvc", 0, "hound.mvc: SUCCESS (version 24)",
+      nullptr },
+    { "validateGarbage", "validate {T}garbage.mvc {S}hound.mvc", 1, "hound.mvc: SUCCESS",
+      "garbage.mvc: INVALID_FILE" },
+    { "validateCutXmlTellsWhere", "validate {T}garbage.mvcf", 1, nullptr, "    Maravo [ERROR] - " },
+    { "validateFutureVersion", "validate {T}future.mvc", 1, nullptr, "INCORRECT_VERSION (version 99)" },
+    { "validateAsJson", "validate --json {T}empty.mvc", 1,
+      R"("kind":"character","version":-1,"result":"INVALID_FILE","messages":[)", nullptr },
+
+    { "convertMissing", "convert {T}missing.mvc {T}out.mvcf", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+    { "convertToOtherExtension", "convert {S}hound.mvc {T}out.xml", 1, nullptr, "out.xml: the extension" },
+    { "convertIntoNoFolder", "convert {S}hound.mvc {T}none/out.mvc", 1, nullptr, "FILE_CREATION_FAILED" },
+
+    { "importMissing", "import {T}missing.csv {T}out.mvcf", 1, nullptr,
+      "missing.csv: there is no such file" },
+    { "importFolder", "import {T} {T}out.mvcf", 1, nullptr, ": this is no file" },
+    { "importEmpty", "import {T}empty.csv {T}out.mvcf", 1, nullptr, "empty.csv: the file does not begin" },
+    { "importHeadingOnly", "import {T}heading.csv {T}out.mvcf", 1, nullptr, "no joint" },
+    { "importOtherTable", "import {T}otherTable.csv {T}out.mvcf", 1, nullptr, "does not begin" },
+    { "importFatherLoop", "import {T}fatherLoop.csv {T}out.mvcf", 1, nullptr, "line 3: the parent does not" },
+    { "importFatherAfterChild", "import {T}fatherAfterChild.csv {T}out.mvcf", 1, nullptr,
+      "line 3: the parent does not come before" },
+    { "importUnknownFather", "import {T}unknownFather.csv {T}out.mvcf", 1, nullptr, "line 2: the parent" },
+    { "importSkippedIndex", "import {T}skippedIndex.csv {T}out.mvcf", 1, nullptr, "line 3: the index" },
+    { "importShortRow", "import {T}shortRow.csv {T}out.mvcf", 1, nullptr, "line 2: a row has ten" },
+    { "importNoNumber", "import {T}noNumber.csv {T}out.mvcf", 1, nullptr, "line 2: position" },
+    { "importNotFinite", "import {T}notFinite.csv {T}out.mvcf", 1, nullptr, "line 2: position" },
+    { "importNoRotation", "import {T}noRotation.csv {T}out.mvcf", 1, nullptr, "line 2: position" },
+    { "importNoName", "import {T}noName.csv {T}out.mvcf", 1, nullptr, "line 2: the joint has no name" },
+    { "importCutBvh", "import {T}garbage.bvh {T}out.mvcf", 1, nullptr, "garbage.bvh: " },
+    { "importUnknownFormat", "import {T}garbage.mvc {T}out.mvcf", 1, nullptr, "garbage.mvc: " },
+    { "importUnknownFront", "import --front=up {T}good.csv {T}out.mvcf", 2, nullptr, "--front" },
+    { "importLineEndsOfOtherSystems", "import {T}good.csv {T}out.mvcf", 0, nullptr, nullptr },
+
+    { "drawMissing", "draw {T}missing.mvc {T}out.png", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+    { "drawIntoNoFolder", "draw {S}hound.mvc {T}none/out.png", 1, nullptr, "none/out.png: " },
+
+    { "diffOfTwoForms", "diff {S}courier.mvc {S}courier.mvcf", 0, nullptr, nullptr },
+    { "diffOfDifferent", "diff {S}courier.mvc {S}hound.mvc", 1, R"(name: "Courier" -> "Hound")", nullptr },
+    { "diffOfMissing", "diff {S}courier.mvc {T}missing.mvc", 2, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+};
+
+std::vector<std::string> splitLine(const std::string& line, const TemporaryFolder& folder)
+{
+    std::vector<std::string> words;
+    std::istringstream stream(line);
+    for (std::string word; stream >> word;)
+    {
+        for (const auto& [mark, path] :
+             { std::pair("{T}", std::string(folder.path("").c_str())), std::pair("{S}", samples) })
+            if (const size_t place = word.find(mark); place != std::string::npos)
+                word.replace(place, 3, path);
+        words.push_back(word);
+    }
+    return words;
+}
+
+void expectText(const std::string& text, const char* part)
+{
+    if (part != nullptr)
+        EXPECT_NE(text.find(part), std::string::npos) << text;
+    else
+        EXPECT_EQ(text, "");
+}
+
+class HostCommand : public testing::TestWithParam<CommandCase>
+{};
+
+TEST_P(HostCommand, endsWithTheToldCodeAndTexts)
+{
+    const TemporaryFolder folder;
+    writeFiles(folder);
+    const CommandCase& row = GetParam();
+    const HostRun run = runHost(splitLine(row.line, folder));
+    EXPECT_EQ(run.exitCode, row.exitCode) << run.err;
+    expectText(run.out, row.out);
+    expectText(run.err, row.err);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, HostCommand, testing::ValuesIn(commandCases),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+/// Runs a command that must go well.
+HostRun runWell(const std::vector<std::string>& arguments)
+{
+    HostRun run = runHost(arguments);
+    EXPECT_EQ(run.exitCode, 0) << arguments[0] << ": " << run.err;
+    return run;
+}
+
+Json getInfo(const std::string& file)
+{
+    return Json::parse(runWell({ "info", "--json", file }).out, nullptr, false);
+}
+
+TEST(Host, infoTellsWhatTheCourierIsMadeOf)
+{
+    const Json info = getInfo(samples + "courier.mvcf");
+    const Json expected = Json::parse(R"({
+        "name": "Courier", "version": 24, "bones": 61, "pelvis": "hips",
+        "parts": { "spines": 1, "limbs": 5, "effectors": 12 }, "meshes": 8, "groups": 5,
+        "geometry": { "0": 3, "1": 2 }, "shaders": { "groups": 3, "assets": 3, "attributes": 4 },
+        "renderingTypes": 2, "overrides": { "skeleton": 2, "blindData": 1, "physics": 1 } })");
+    for (const auto& [key, value] : expected.items())
+        EXPECT_EQ(info[key], value) << key;
+    EXPECT_NEAR(info["height"].get<double>(), 1.805, 1e-4);
+}
+
+TEST(Host, convertThereAndBackGivesTheSameBytes)
+{
+    const TemporaryFolder folder;
+    const std::string binary = folder.path("c.mvc").c_str();
+    const std::string xml = folder.path("c.mvcf").c_str();
+    for (const std::string name : { "courier", "hound" })
+    {
+        runWell({ "convert", samples + name + ".mvcf", binary });
+        EXPECT_EQ(readFile(binary), readFile(samples + name + ".mvc"));
+        runWell({ "convert", binary, xml });
+        EXPECT_EQ(readFile(xml), readFile(samples + name + ".mvcf"));
+    }
+}
+
+struct ChangeCase
+{
+    const char* name;
+    const char* from; ///< replaced in the courier's XML, where it stands for the first time
+    const char* to;
+    const char* differences;
+};
+
+const ChangeCase changeCases[] = {
+    { "text", R"("skinTone")", R"("skinShade")",
+      R"([{ "path": "shaderAttributes[0].attributeName", "a": "skinTone", "b": "skinShade" }])" },
+    { "mapOfArrays", R"("./geometry/courier_lod1.mvg")", R"("far.mvg")",
+      R"([{ "path": "geometryAssetsPerTags{0}[1].filename", "a": "./geometry/courier_lod1.mvg",
+            "b": "far.mvg" }])" },
+    { "boneByItsName", R"(<name value="hips"/>
+					<relativePos x="0")",
+      R"(<name value="hips"/>
+					<relativePos x="0.5")",
+      R"json([{ "path": "converterMapping.skeletonDescription.bones[hips].relativePos",
+            "a": "(0, 0, 0.98)", "b": "(0.5, 0, 0.98)" }])json" },
+    { "oneMore", R"(<mainShaderAttributes>)", R"(<mainShaderAttributes><element index="1" value="2"/>)",
+      R"([{ "path": "mainShaderAttributes.count", "a": "1", "b": "2" },
+          { "path": "mainShaderAttributes[1]", "a": null, "b": "2" }])" },
+};
+
+class HostDiff : public testing::TestWithParam<ChangeCase>
+{};
+
+TEST_P(HostDiff, listsWhatWasChangedAndNothingElse)
+{
+    const TemporaryFolder folder;
+    const std::string original = samples + "courier.mvcf";
+    std::string text = readFile(original);
+    const std::string from = GetParam().from;
+    ASSERT_NE(text.find(from), std::string::npos);
+    text.replace(text.find(from), from.size(), GetParam().to);
+    const std::string changed = folder.write("changed.mvcf", text).c_str();
+
+    const HostRun run = runHost({ "diff", "--json", original, changed });
+    EXPECT_EQ(run.exitCode, 1) << run.err;
+    const Json answer = Json::parse(run.out, nullptr, false);
+    EXPECT_EQ(answer["equal"], false);
+    EXPECT_EQ(answer["differences"], Json::parse(GetParam().differences));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, HostDiff, testing::ValuesIn(changeCases),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+// The same rig in several forms: a root at a height of 2 with a chain of two below, whose last has an end.
+const char* const rigAsCsv = "index,name,parent,px,py,pz,qx,qy,qz,qw\n"
+                             "0,hips,-1,0,0,2,0.70710678,0,0,0.70710678\n"
+                             "1,leg,0,0.5,-1,0,0,0,0,1\n"
+                             "2,foot,1,0,-1,0,0,0,0,1\n"
+                             "3,foot_end,2,0,0,0.25,0,0,0,1\n";
+
+const char* const rigAsBvh =
+    "HIERARCHY\nROOT hips\n{\nOFFSET 0 2 0\nCHANNELS 3 Zrotation Xrotation Yrotation\n"
+    "JOINT leg\n{\nOFFSET 0.5 -1 0\nCHANNELS 3 Zrotation Xrotation Yrotation\n"
+    "JOINT foot\n{\nOFFSET 0 -1 0\nCHANNELS 3 Zrotation Xrotation Yrotation\n"
+    "End Site\n{\nOFFSET 0 0 0.25\n}\n}\n}\n}\n"
+    "MOTION\nFrames: 1\nFrame Time: 0.04\n0 0 0 0 0 0 0 0 0\n";
+
+// Nothing is skinned, and the root has a scale that a bone cannot have.
+const char* const rigAsGltf = R"({ "asset": { "version": "2.0" }, "scene": 0, "scenes": [{ "nodes": [0] }],
+    "nodes": [ { "name": "hips", "translation": [0, 2, 0], "scale": [2, 2, 2], "children": [1] },
+               { "name": "leg", "translation": [0.25, -0.5, 0], "children": [2] },
+               { "name": "foot", "translation": [0, -0.5, 0], "children": [3] },
+               { "name": "foot_end", "translation": [0, 0, 0.125] } ] })";
+
+TEST(Host, oneRigInSeveralFormsIsOneCharacter)
+{
+    const TemporaryFolder folder;
+    const std::string expected = folder.path("csv.mvcf").c_str();
+    runWell({ "import", "--front=-y", folder.write("rig.csv", rigAsCsv).c_str(), expected });
+    const Json info = getInfo(expected);
+    EXPECT_EQ(info["bones"], 4);
+    EXPECT_NEAR(info["height"].get<double>(), 2.0, 1e-6);
+    for (const auto& [name, text] : { std::pair("rig.bvh", rigAsBvh), std::pair("rig.gltf", rigAsGltf) })
+    {
+        const std::string imported = folder.path("imported.mvc").c_str();
+        runWell({ "import", folder.write(name, text).c_str(), imported });
+        EXPECT_EQ(runHost({ "diff", expected, imported }).out, "") << name;
+    }
+}
+
+/// Whether the picture is as large as told and shows a pelvis.
+void expectDrawing(const std::string& file)
+{
+    unsigned char* pixels = nullptr;
+    unsigned int width = 0;
+    unsigned int height = 0;
+    ASSERT_EQ(lodepng_decode24_file(&pixels, &width, &height, file.c_str()), 0u);
+    bool showsPelvis = false;
+    for (size_t i = 0; i < size_t(width) * height; ++i)
+        showsPelvis =
+            showsPelvis || (pixels[3 * i] == 213 && pixels[3 * i + 1] == 94 && pixels[3 * i + 2] == 0);
+    EXPECT_TRUE(showsPelvis) << file;
+    std::free(pixels);
+}
+
+TEST(Host, drawShowsThePelvis)
+{
+    const TemporaryFolder folder;
+    for (const std::string name : { "courier", "hound" })
+    {
+        const std::string picture = folder.path((name + ".png").c_str()).c_str();
+        runWell({ "draw", samples + name + ".mvc", picture });
+        expectDrawing(picture);
+    }
+}
+
+/// Two texts such as "(1, 2, 3)" that mean nearly the same.
+void expectNear(const std::string& a, const std::string& b, const std::string& what)
+{
+    std::istringstream streamA(a);
+    std::istringstream streamB(b);
+    char mark = 0;
+    double numberA = 0.0;
+    double numberB = 0.0;
+    while (streamA >> mark >> numberA && streamB >> mark >> numberB)
+        EXPECT_NEAR(numberA, numberB, 1e-5 * (1.0 + std::abs(numberA))) << what;
+}
+
+// The table and the rig that it was made of must have the same bones at the same places.
+void compareWithOriginal(const std::string& table, const std::string& original, const TemporaryFolder& folder)
+{
+    const std::string imported = folder.path("original.mvcf").c_str();
+    runWell({ "import", original, imported });
+    const Json answer = Json::parse(runHost({ "diff", "--json", table, imported }).out, nullptr, false);
+    for (const Json& difference : answer["differences"])
+    {
+        const std::string path = difference["path"];
+        const std::string member = path.substr(path.rfind('.') + 1);
+        if (member == "frontAxis")
+            continue; // the table does not say where the character looks
+        EXPECT_TRUE(member == "relativePos" || member == "localOri") << difference;
+        if (difference["a"].is_string() && difference["b"].is_string())
+            expectNear(difference["a"], difference["b"], original + ": " + path);
+    }
+}
+
+TEST(Host, rigsOfOthersComeInWhole)
+{
+    if (!std::filesystem::is_directory(rigs))
+        GTEST_SKIP() << "there is no folder " << rigs;
+    int originals = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(rigs))
+    {
+        const TemporaryFolder folder;
+        const std::string table = entry.path().string();
+        if (entry.path().extension() != ".csv")
+            continue;
+        const std::string character = folder.path("rig.mvcf").c_str();
+        runWell({ "import", table, character });
+        runWell({ "validate", character });
+        const std::string rows = readFile(table);
+        EXPECT_EQ(getInfo(character)["bones"], std::count(rows.begin(), rows.end(), '\n') - 1) << table;
+        const std::string picture = folder.path("rig.png").c_str();
+        runWell({ "draw", character, picture });
+        expectDrawing(picture);
+        const std::string stem = table.substr(0, table.find(".skeleton"));
+        for (const char* extension : { ".glb", ".bvh" })
+            if (std::filesystem::exists(stem + extension))
+            {
+                compareWithOriginal(character, stem + extension, folder);
+                ++originals;
+            }
+    }
+    EXPECT_GT(originals, 0);
+}
+
+} // namespace
+
+} // namespace mrv
