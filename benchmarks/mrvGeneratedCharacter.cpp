@@ -21,10 +21,12 @@ mrv::MrvString numbered(const char* name, int number)
 void fillSkeleton(mrv::MaravoCharacterV24& character, int bones)
 {
     mrv::HierarchicalSkeletonDescriptionV1 description("skeleton");
+    // Fathers of their own: the depth of real skeletons does not grow with their bones.
+    Draw draw(7);
     for (const BoneInput& in : skeletonInput(bones))
     {
-        mrv::HierarchicalBoneV1* father =
-            in.father >= 0 ? description.getBones()[static_cast<size_t>(in.father)] : nullptr;
+        const uint32_t reach = static_cast<uint32_t>(in.index) / 8 + 1;
+        mrv::HierarchicalBoneV1* father = in.index > 0 ? description.getBones()[draw.below(reach)] : nullptr;
         const mrv::Vector3 position(in.position[0], in.position[1], in.position[2]);
         const mrv::Quaternion rotation(in.rotation[0], in.rotation[1], in.rotation[2], in.rotation[3]);
         description.touchBones().push_back(

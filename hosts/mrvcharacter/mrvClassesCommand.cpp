@@ -5,11 +5,14 @@
 
 #include "mrvCore/system/containers/mrvPODArray.h"
 #include "mrvCore/system/containers/mrvString.h"
+#include "mrvCore/system/inspection/mrvAbstractAttribute.h"
 #include "mrvCore/system/inspection/mrvRTTI.h"
 
 #include <CLI/App.hpp>
 
 #include <iostream>
+#include <memory>
+#include <set>
 #include <string>
 
 namespace mrvcharacter {
@@ -38,13 +41,40 @@ void printClasses()
     std::cout << records.size() << " registered types\n";
 }
 
+/// What files rely on, a line for each type that is no composite of others, sorted by name.
+void printAttributes()
+{
+    std::set<std::string> lines;
+    for (const mrv::RTTI* record : mrv::RTTI::getRTTIs())
+    {
+        const std::string name = record->getTypeName();
+        if (name.find_first_of("<*") != std::string::npos)
+            continue;
+        std::string line = name + " " + record->getTypeID().getString().c_str();
+        if (record->getBaseClassesCount() != 0)
+            line += " : " + joinBaseNames(*record);
+        for (unsigned int i = 0; i < record->getAttributesCount(); ++i)
+        {
+            const mrv::AbstractAttribute& attribute = *record->getAttribute(i);
+            line += std::string(i == 0 ? ": " : ", ") + attribute.getName() + " " +
+                    attribute.getAttributeRTTI().getTypeName();
+        }
+        lines.insert(line);
+    }
+    for (const std::string& line : lines)
+        std::cout << line << '\n';
+}
+
 } // namespace
 
 void addClassesCommand(CLI::App& app, int& exitCode)
 {
     CLI::App* command = app.add_subcommand("classes", "Lists every registered type, ordered by TypeID");
-    command->callback([&exitCode] {
-        printClasses();
+    auto showsAttributes = std::make_shared<bool>(false);
+    command->add_flag("--attributes", *showsAttributes,
+                      "Lists the attributes of each class with their types instead, ordered by name");
+    command->callback([&exitCode, showsAttributes] {
+        *showsAttributes ? printAttributes() : printClasses();
         exitCode = 0;
     });
 }

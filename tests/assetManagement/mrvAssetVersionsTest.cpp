@@ -48,24 +48,6 @@ std::string typeOf(const AbstractAttribute& attribute)
 
 using FrozenClasses = CoreTest;
 
-TEST_F(FrozenClasses, haveTheAttributesThatTheirFilesHave)
-{
-    std::ifstream lists(MRV_TEST_DATA "/versions/attributeLists.txt");
-    int classCount = 0;
-    for (std::string line; std::getline(lists, line); ++classCount)
-    {
-        const TypeID& id = RTTI::getTypeID(line.substr(0, line.find(' ')).c_str());
-        const RTTI* rtti = RTTI::getRTTI(id);
-        ASSERT_NE(rtti, nullptr) << line;
-        std::string list = std::string(rtti->getTypeName()) + " " + id.getString().c_str() + ":";
-        for (unsigned int i = 0; i < rtti->getAttributesCount(); ++i)
-            list += std::string(i == 0 ? " " : ", ") + rtti->getAttribute(i)->getName() + " " +
-                    typeOf(*rtti->getAttribute(i));
-        EXPECT_EQ(list, line);
-    }
-    EXPECT_GE(classCount, 38);
-}
-
 /// Builds the XML form of an object in which no two values are equal; arrays have two elements, pointers are
 /// null.
 class Sample
