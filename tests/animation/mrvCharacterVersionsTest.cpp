@@ -21,7 +21,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <regex>
 #include <sstream>
 
 namespace mrv {
@@ -182,17 +181,36 @@ TEST_P(EachCharacterVersion, comesUpFromBothForms)
         expectFile(_folder.write(("c." + extension).c_str(), formOf(*character, GetParam(), extension)));
 }
 
+void replaceAll(std::string& text, const std::string& part, const std::string& other)
+{
+    for (size_t place = text.find(part); place != std::string::npos; place = text.find(part, place))
+        text.replace(place, part.size(), other);
+}
+
+/// Elements of one class have one row for each value.
+std::string normalize(std::string path)
+{
+    replaceAll(path, ".children[0]", "");
+    for (char digit = '0'; digit <= '9'; ++digit)
+        replaceAll(path, std::string("[") + digit + "]", "");
+    replaceAll(path, "limbBones", "spineBones");
+    replaceAll(path, "effectorBones", "spineBones");
+    return path;
+}
+
+/// Classes that never changed have one row; ids and empty lists have none.
+bool isOfUnchangedClass(const std::string& path)
+{
+    for (const char* part : { "skeletonOverrides.", "blindDataOverrides.", "physicsOverrides.",
+                              "skeletonDisplay.", "#", "rootBone.children", "renderingTypes.children" })
+        if (path.find(part) != std::string::npos)
+            return true;
+    return false;
+}
+
 // A value that the table forgot would be lost unnoticed.
 TEST_P(EachCharacterVersion, hasEachOfItsValuesInTheTable)
 {
-    // Elements of one class have one row for each value; classes that never changed have one row.
-    const auto normalize = [](std::string path) {
-        path = std::regex_replace(path, std::regex("\\.children\\[0\\]"), "");
-        path = std::regex_replace(path, std::regex("\\[[0-9]\\]"), "");
-        return std::regex_replace(path, std::regex("(limb|effector)Bones"), "spineBones");
-    };
-    const std::regex unchanged(".*(skeletonOverrides|blindDataOverrides|physicsOverrides|skeletonDisplay)\\.."
-                               "*|.*#|.*(rootBone|renderingTypes).children");
     std::set<std::string> told;
     for (const VersionValue& row : versionValues)
         if (isOf(row, GetParam()) && row.in != nullptr)
@@ -202,8 +220,7 @@ TEST_P(EachCharacterVersion, hasEachOfItsValuesInTheTable)
     {
         const std::string value = normalize(path);
         const auto found = told.lower_bound(value);
-        EXPECT_TRUE(std::regex_match(value, unchanged) || (found != told.end() && found->find(value) == 0))
-            << path;
+        EXPECT_TRUE(isOfUnchangedClass(value) || (found != told.end() && found->find(value) == 0)) << path;
     }
 }
 

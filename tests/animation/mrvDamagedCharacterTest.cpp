@@ -141,8 +141,12 @@ private:
     size_t* _next; ///< the input that is next, shared with the children
 };
 
-const char* const sampleNames[] = { "biped_v24.mvc", "quadruped_v24.mvc", "biped_v24.mvcf",
-                                    "quadruped_v24.mvcf" };
+// The current version in both forms, then the oldest one, the last tree of assets, and the first and the last
+// one that holds them by value and has another mapping.
+const char* const sampleNames[] = {
+    "biped_v24.mvc", "quadruped_v24.mvc", "biped_v24.mvcf", "quadruped_v24.mvcf", "biped_v0.mvc",
+    "biped_v0.mvcf", "biped_v4.mvc",      "biped_v5.mvc",   "biped_v12.mvcf",     "biped_v20.mvc",
+};
 
 const char* extensionOf(const std::string& name)
 {
