@@ -100,6 +100,26 @@ void addPeers(const fs::path& folder, const std::string& caseName)
     });
 }
 
+/// One character as every version held it: what the steps to the current one cost.
+void addVersions(const char* extension)
+{
+    for (const char* version : { "0", "4", "5", "12", "20", "23", "24" })
+    {
+        const std::string path = std::string(MRV_STORED_CHARACTERS "/biped_v") + version + extension;
+        add(std::string("character/mrvCore/") + (extension + 1) + "_load_of_version_" + version,
+            [=](State& state) {
+                for (auto _ : state)
+                {
+                    mrv::MaravoCharacterV24 loaded;
+                    if (loaded.loadCharacterFile(path.c_str(), false) !=
+                        mrv::LoadCharacterFileErrorCode::SUCCESS)
+                        state.SkipWithError("not loaded");
+                }
+                time(state);
+            });
+    }
+}
+
 } // namespace
 } // namespace mrvBenchmark
 
@@ -121,6 +141,8 @@ int main(int argc, char** argv)
         addForm(folder, caseName, size, ".mvc");
         addPeers(folder, caseName);
     }
+    addVersions(".mvcf");
+    addVersions(".mvc");
     const int result = run(argc, argv);
 
     fs::remove_all(folder);
