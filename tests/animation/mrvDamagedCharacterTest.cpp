@@ -173,7 +173,7 @@ TEST_F(DamagedCharacters, thatAreCutOffAreRefused)
 
 TEST_F(DamagedCharacters, withWrongBytesAreSurvived)
 {
-    constexpr size_t count = 500;
+    constexpr size_t count = 200;
     for (const std::string name : sampleNames)
     {
         const std::string whole = sample(name);
