@@ -102,6 +102,7 @@
 #include "mrvCore/assetManagement/mrvShaderAsset.h"
 #include "mrvCore/assetManagement/mrvShaderAttribute.h"
 #include "mrvCore/assetManagement/mrvShadingGroup.h"
+#include "mrvCore/engine/simulationBatch/mrvMultiThreadProcessor.h"
 #include "mrvCore/math/random/mrvRandomNumberGenerator.h"
 #include "mrvCore/math/rotations/mrvQuaternion.h"
 #include "mrvCore/math/types/mrvVector3.h"
@@ -109,6 +110,7 @@
 #include "mrvCore/system/inspection/mrvRTTIConcat.h"
 #include "mrvCore/system/inspection/mrvTypesManager.h"
 #include "mrvCore/system/log/mrvLog.h"
+#include "mrvCore/system/progress/mrvPerfAnalysisManager.h"
 #include "mrvCore/system/thread/mrvMutex.h"
 #include "mrvCore/system/thread/mrvScopedLock.h"
 #include "mrvCore/system/utils/mrvStringOperators.h"
@@ -203,7 +205,11 @@ void initCore()
     Quaternion::getIdentity();
     registerClasses();
     Singleton<RandomNumberGenerator>::create();
+    Singleton<PerfAnalysisManager>::create();
     Singleton<TypesManager>::create();
+    if (!Singleton<MultiThreadProcessor>::hasInstance())
+        Singleton<MultiThreadProcessor>::_instance = new MultiThreadProcessor("MrvMultiThreadProcessor");
+    getMultiThreadProcessor()->init(getSupportedConcurrentThreadCount());
     ++s_initCount;
 }
 
@@ -212,7 +218,10 @@ void finishCore(bool)
     const ScopedLock<Mutex> lock(s_initLock);
     if (--s_initCount != 0)
         return;
+    getMultiThreadProcessor()->finish();
+    Singleton<MultiThreadProcessor>::destroy();
     Singleton<TypesManager>::destroy();
+    Singleton<PerfAnalysisManager>::destroy();
     Singleton<RandomNumberGenerator>::destroy();
     removeClasses();
     RTTI::destroyRTTIs();

@@ -46,17 +46,31 @@ bool isOf(const VersionValue& row, int version)
     return row.first <= version && version <= row.last;
 }
 
-/// A character of that version with all values of the table.
-AnyCharacter makeCharacter(int version)
+/// A packed character of that version with all values of the table.
+DataItem makeItem(int version)
 {
     DataItem root("maravoObject");
+    root.addAttribute("Version", version);
     DataItem& object = root.addChild();
+    object.setName("maravoObject");
     for (const VersionValue& row : versionValues)
         if (isOf(row, version) && row.in != nullptr)
             test::setItem(object, row.in, row.value);
+    return root;
+}
+
+AnyCharacter makeCharacter(int version)
+{
     AnyCharacter character(createCharacter(version));
-    EXPECT_TRUE(XMLStream().unpack(root, *character));
+    EXPECT_TRUE(XMLStream().unpack(makeItem(version), *character));
     return character;
+}
+
+std::string textOf(DataItem root)
+{
+    std::ostringstream text;
+    XMLDataFileParser().writeToBuffer(text, root);
+    return text.str();
 }
 
 std::string xmlForm(const MaravoCharacterInterface& character, int version)
@@ -64,9 +78,7 @@ std::string xmlForm(const MaravoCharacterInterface& character, int version)
     DataItem root("maravoObject");
     root.addAttribute("Version", version);
     XMLStream().pack(root, character);
-    std::ostringstream text;
-    XMLDataFileParser().writeToBuffer(text, root);
-    return text.str();
+    return textOf(root);
 }
 
 std::string binaryForm(const MaravoCharacterInterface& character, int version)
@@ -241,6 +253,44 @@ TEST_P(EachCharacterVersion, comesUpFromItsStoredFiles)
 
 INSTANTIATE_TEST_SUITE_P(Versions, EachCharacterVersion, testing::Range(0, MRV_MVC_VERSION),
                          [](const auto& row) { return std::to_string(row.param); });
+
+/// What a damaged file can lack, tell twice or tie into a ring.
+const struct
+{
+    const char* path;
+    const char* value;
+    int lastVersion;
+    Load::Value result;
+} treeDamages[] = {
+    { "assetManager#", "0", 4, Load::SUCCESS },
+    { "assetManager.assetGroups[0].assets[1]#", "0", 4, Load::SUCCESS },
+    { "assetManager.assetGroups[0].assets[1]#", "21", 4, Load::SUCCESS },
+    { "assetManager.geometryGroup#", "0", 4, Load::SUCCESS },
+    { "characterUserData#", "0", 4, Load::SUCCESS },
+    { "converterMapping#", "0", 4, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription#", "0", 4, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription.rootBone#", "0", 0, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription.rootBone.father#", "12", 0, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription.rootBone.father#", "11", 0, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription.bones[1]#", "0", 0, Load::INVALID_SKELETON_DESCRIPTION },
+    { "converterMapping.skeletonDescription.bones[2]#", "99", 0, Load::SUCCESS },
+};
+
+TEST_F(CharacterVersions, ofPointersSurviveWhatTheyLack)
+{
+    const TemporaryFolder folder;
+    for (const auto& [path, value, lastVersion, result] : treeDamages)
+    {
+        for (int version = 0; version <= lastVersion; ++version)
+        {
+            DataItem root = makeItem(version);
+            test::setItem(root.touchChild(0u), path, value);
+            MaravoCharacterV24 character;
+            EXPECT_EQ(character.loadCharacterFile(folder.write("c.mvcf", textOf(root)), false), result)
+                << version << ' ' << path << ' ' << value;
+        }
+    }
+}
 
 /// Steps from a filled character, once from one that is used up and once from one that stays.
 template <class Old, class New>

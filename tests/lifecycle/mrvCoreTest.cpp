@@ -1,9 +1,11 @@
 // tests/lifecycle/mrvCoreTest.cpp
 #include "mrvCore/mrvCore.h"
 
+#include "mrvCore/engine/simulationBatch/mrvMultiThreadProcessor.h"
 #include "mrvCore/system/inspection/mrvRTTI.h"
 #include "mrvCore/system/inspection/mrvRTTIConcat.h"
 #include "mrvCore/system/log/mrvLog.h"
+#include "mrvCore/system/thread/mrvThread.h"
 #include "mrvCore/system/utils/mrvProductInformation.h"
 #include "mrvCore/system/utils/mrvStringOperators.h"
 #include "mrvCore/version/mrvCoreProductInformation.h"
@@ -31,6 +33,24 @@ TEST(Lifecycle, onlyTheLastOfNestedStopsTearsDown)
     finishCore(true);
     EXPECT_TRUE(isCoreFinished());
     EXPECT_EQ(getLog(), nullptr);
+}
+
+TEST(Lifecycle, thePoolLivesBetweenStartAndStop)
+{
+    EXPECT_EQ(getMultiThreadProcessor(), nullptr);
+    for (int cycle = 0; cycle < 2; ++cycle)
+    {
+        initCore();
+        MultiThreadProcessor* const pool = getMultiThreadProcessor();
+        ASSERT_NE(pool, nullptr);
+        EXPECT_EQ(pool->getThreadCount(), getSupportedConcurrentThreadCount());
+        initCore();
+        EXPECT_EQ(getMultiThreadProcessor(), pool) << "a nested start makes no second one";
+        finishCore(true);
+        EXPECT_EQ(getMultiThreadProcessor(), pool);
+        finishCore(true);
+        EXPECT_EQ(getMultiThreadProcessor(), nullptr);
+    }
 }
 
 TEST(Lifecycle, anUnmatchedStopMakesTheNextStartOnlyEvenItOut)

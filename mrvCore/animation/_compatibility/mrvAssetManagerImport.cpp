@@ -7,8 +7,11 @@
 #include "mrvCore/assetManagement/_compatibility/mrvGeometryGroupV0.h"
 #include "mrvCore/assetManagement/_compatibility/mrvMeshAssetV0.h"
 #include "mrvCore/assetManagement/_compatibility/mrvRenderingTypeV1.h"
+#include "mrvCore/system/containers/mrvMap.h"
+#include "mrvCore/system/containers/mrvSet.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
-#include "mrvCore/system/utils/mrvStringOperators.h"
+
+#include <cstdint>
 
 namespace mrv {
 
@@ -24,19 +27,29 @@ int findIndex(const Indices& indices, const typename Indices::key_type& key)
     return found != indices.end() ? found.getValue() : -1;
 }
 
-template <typename Indices>
-void addOnce(Indices& indices, int index)
-{
-    if (indices.find(index) == indices.end())
-        indices.push_back(index);
-}
-
 AssetUnitV0 makeMeshUnit(int meshIndex)
 {
     AssetUnitV0 unit;
     unit._meshAssetIdx = meshIndex;
     return unit;
 }
+
+/// Lists of indices, told apart by a number, that take each index once.
+class OnceLists
+{
+public:
+    template <typename Indices>
+    void add(Indices& list, int listNumber, int index)
+    {
+        const size_t knownCount = _known.size();
+        _known.insert((static_cast<uint64_t>(listNumber) << 32) | static_cast<uint32_t>(index));
+        if (_known.size() != knownCount)
+            list.push_back(index);
+    }
+
+private:
+    MrvSet<uint64_t> _known;
+};
 
 /// An array whose records have different names.
 template <typename Asset>
@@ -53,7 +66,6 @@ public:
             _assets.push_back(asset);
         return index;
     }
-    Asset& operator[](int index) { return _assets[static_cast<size_t>(index)]; }
 
 private:
     Array<Asset>& _assets;
@@ -74,7 +86,8 @@ MrvString takeLastPart(const MrvString& name, size_t& end)
 /// Finds meshes by the rule of MaravoCharacterV24::findMeshAssetIdx without a walk over all of them.
 ///
 /// The names stand in a tree of their parts, the last part at the top: the names that differ from one in a
-/// namespace are those above and below it.
+/// namespace are those above and below it. A name is only added where none is found, with rising indices, so
+/// that no name stands above another one.
 class MeshNames
 {
 public:
@@ -82,17 +95,17 @@ public:
 
     int find(const MrvString& name) const
     {
-        int above = -1;
         int node = 0;
         for (size_t end = name.size(); end != MrvString::npos;)
         {
-            above = first(above, _nodes[static_cast<size_t>(node)].mesh);
+            if (_nodes[static_cast<size_t>(node)].mesh != -1)
+                return _nodes[static_cast<size_t>(node)].mesh;
             node = findIndex(_children, { node, takeLastPart(name, end) });
             if (node == -1)
-                return above;
+                return -1;
         }
         const Node& found = _nodes[static_cast<size_t>(node)];
-        return found.mesh != -1 ? found.mesh : first(above, found.meshBelow);
+        return found.mesh != -1 ? found.mesh : found.firstBelow;
     }
 
     void add(const MrvString& name, int mesh)
@@ -100,22 +113,21 @@ public:
         int node = 0;
         for (size_t end = name.size(); end != MrvString::npos;)
         {
-            int& meshBelow = _nodes[static_cast<size_t>(node)].meshBelow;
-            meshBelow = first(meshBelow, mesh);
-            const Edge edge{ node, takeLastPart(name, end) };
-            node = _children.insert(edge, _nodes.sizeInt()).getValue();
+            int& firstBelow = _nodes[static_cast<size_t>(node)].firstBelow;
+            if (firstBelow == -1)
+                firstBelow = mesh;
+            node = _children.insert({ node, takeLastPart(name, end) }, _nodes.sizeInt()).getValue();
             if (node == _nodes.sizeInt())
                 _nodes.push_back(Node());
         }
-        int& ownMesh = _nodes[static_cast<size_t>(node)].mesh;
-        ownMesh = first(ownMesh, mesh);
+        _nodes[static_cast<size_t>(node)].mesh = mesh;
     }
 
 private:
     struct Node
     {
-        int mesh = -1;      ///< the first one of this name
-        int meshBelow = -1; ///< the first one of a longer name
+        int mesh = -1;       ///< of this name
+        int firstBelow = -1; ///< the first mesh of a longer name
     };
     struct Edge
     {
@@ -126,8 +138,6 @@ private:
         int parent = 0;
         MrvString part;
     };
-
-    static int first(int a, int b) { return a == -1 || (b != -1 && b < a) ? b : a; }
 
     PODArray<Node> _nodes; ///< the root first, which is no name
     IndexMap<Edge> _children;
@@ -153,7 +163,7 @@ public:
 
 private:
     void importShaderGroup(const ShaderGroupV0& old);
-    void findShaderGroups(PODArray<int>& shadingGroups, const MeshAssetV0& mesh) const;
+    void findShaderGroups(MeshAssetV1& mesh, int meshIndex, const MeshAssetV0& old);
     void importGroup(AssetGroupV0& group, const AssetsGroupV0& old);
     int importMesh(const MeshAssetV0* old, const MrvString& groupName);
     void importRenderingType(RenderingTypeV3& renderingType, const RenderingTypeV1& old);
@@ -170,6 +180,9 @@ private:
     NamedAssets<ShadingGroupV1> _shadingGroups;
     NamedAssets<ShaderAttributeV0> _shaderAttributes;
     NamedAssets<ShaderAssetV1> _shaderAssets;
+    OnceLists _assetsOfGroups;
+    OnceLists _attributesOfGroups;
+    OnceLists _groupsOfMeshes;
     PODArray<AppendedMesh> _appendedMeshes;
     IndexMap<const MeshAssetV0*> _meshIndices; ///< where each mesh was entered first
     IndexMap<MrvString> _groupIndices;         ///< by the name in the file
@@ -188,22 +201,23 @@ void AssetManagerImport::importShaderGroup(const ShaderGroupV0& old)
 {
     ShadingGroupV1 named;
     named._name = old._name;
-    ShadingGroupV1& group = _shadingGroups[_shadingGroups.findOrAppend(named)];
+    const int index = _shadingGroups.findOrAppend(named);
+    ShadingGroupV1& group = _to.shadingGroups[static_cast<size_t>(index)];
     for (const ShaderAssetV1& shader : old._shaderAssets)
-        addOnce(group._shaderAssets, _shaderAssets.findOrAppend(shader));
+        _assetsOfGroups.add(group._shaderAssets, index, _shaderAssets.findOrAppend(shader));
     for (const ShaderAttributeV0& attribute : old._shaderAttributes)
-        addOnce(group._shaderAttributes, _shaderAttributes.findOrAppend(attribute));
+        _attributesOfGroups.add(group._shaderAttributes, index, _shaderAttributes.findOrAppend(attribute));
 }
 
-void AssetManagerImport::findShaderGroups(PODArray<int>& shadingGroups, const MeshAssetV0& mesh) const
+void AssetManagerImport::findShaderGroups(MeshAssetV1& mesh, int meshIndex, const MeshAssetV0& old)
 {
-    for (const MrvString& meshName : mesh._meshNames)
+    for (const MrvString& meshName : old._meshNames)
     {
         const auto found = _manager._meshesShaderGroups.find(meshName);
         if (found == _manager._meshesShaderGroups.end())
             continue;
         for (const ShaderGroupV0& group : found.getValue())
-            addOnce(shadingGroups, _shadingGroups.find(group._name));
+            _groupsOfMeshes.add(mesh._shadingGroups, meshIndex, _shadingGroups.find(group._name));
     }
 }
 
@@ -238,9 +252,9 @@ int AssetManagerImport::importMesh(const MeshAssetV0* old, const MrvString& grou
     int index = _meshNames.find(mesh._name);
     if (index == -1)
     {
-        if (old != nullptr)
-            findShaderGroups(mesh._shadingGroups, *old);
         index = _to.meshAssets.sizeInt();
+        if (old != nullptr)
+            findShaderGroups(mesh, index, *old);
         _to.meshAssets.push_back(mesh);
         _meshNames.add(mesh._name, index);
         _appendedMeshes.push_back({ old, index });

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "mrvCore/animation/_compatibility/mrvBonePhysicConfigurationV0.h"
-#include "mrvCore/animation/_compatibility/mrvGenericSpecificConverterBoneV0.h"
-#include "mrvCore/animation/_compatibility/mrvHierarchicalSkeletonDescriptionV0.h"
-#include "mrvCore/animation/_compatibility/mrvSkeletonOwner.h"
+#include "mrvCore/animation/_compatibility/mrvPointedBones.h"
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/math/types/mrvVector3.h"
 #include "mrvCore/system/containers/mrvArray.h"
@@ -15,21 +13,13 @@
 
 namespace mrv {
 
-class HierarchicalBoneV0;
-
 /// Bones are told by pointers. What is left of the old names of channels and effectors: the names of the
 /// limbs.
-class MRV_CORE_API GenericSpecificConverterMappingV0
-    : public internal::SkeletonOwner<HierarchicalSkeletonDescriptionV0>
+class MRV_CORE_API GenericSpecificConverterMappingV0 : public internal::PointedBones
 {
 public:
     MRV_PERSISTENT_CLASS(GenericSpecificConverterMappingV0)
 
-    const HierarchicalBoneV0* _pelvisBone = nullptr;
-    Array<GenericSpecificConverterBoneV0> _spineBones;
-    Array<GenericSpecificConverterBoneV0> _limbBones;
-    Array<GenericSpecificConverterBoneV0> _effectorBones;
-    Array<const HierarchicalBoneV0*> _ikExcludedBones;
     Vector3 _upAxis = Vector3(0.0f, 0.0f, 1.0f);
     Vector3 _frontAxis = Vector3(1.0f, 0.0f, 0.0f);
     Array<BonePhysicConfigurationV0> _boneConfigurations;

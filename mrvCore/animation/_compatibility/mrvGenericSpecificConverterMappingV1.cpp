@@ -2,6 +2,7 @@
 #include "mrvCore/animation/_compatibility/mrvGenericSpecificConverterMappingV1.h"
 
 #include "mrvCore/animation/_compatibility/mrvHierarchicalBoneV0.h"
+#include "mrvCore/animation/_compatibility/mrvHierarchicalSkeletonDescriptionV0.h"
 #include "mrvCore/system/serialization/mrvPersistentAttributes.h"
 
 namespace mrv {

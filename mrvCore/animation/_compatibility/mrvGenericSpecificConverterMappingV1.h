@@ -3,9 +3,7 @@
 #pragma once
 
 #include "mrvCore/animation/_compatibility/mrvBonePhysicConfigurationV0.h"
-#include "mrvCore/animation/_compatibility/mrvGenericSpecificConverterBoneV0.h"
-#include "mrvCore/animation/_compatibility/mrvHierarchicalSkeletonDescriptionV0.h"
-#include "mrvCore/animation/_compatibility/mrvSkeletonOwner.h"
+#include "mrvCore/animation/_compatibility/mrvPointedBones.h"
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/math/types/mrvVector3.h"
 #include "mrvCore/system/containers/mrvArray.h"
@@ -15,23 +13,15 @@
 
 namespace mrv {
 
-class HierarchicalBoneV0;
-
 /// New: every part of the body has a name.
-class MRV_CORE_API GenericSpecificConverterMappingV1
-    : public internal::SkeletonOwner<HierarchicalSkeletonDescriptionV0>
+class MRV_CORE_API GenericSpecificConverterMappingV1 : public internal::PointedBones
 {
 public:
     MRV_PERSISTENT_CLASS(GenericSpecificConverterMappingV1)
 
-    const HierarchicalBoneV0* _pelvisBone = nullptr;
-    Array<GenericSpecificConverterBoneV0> _spineBones;
-    Array<GenericSpecificConverterBoneV0> _limbBones;
-    Array<GenericSpecificConverterBoneV0> _effectorBones;
     Array<MrvString> _spineBoneNames;
     Array<MrvString> _limbBoneNames;
     Array<MrvString> _effectorBoneNames;
-    Array<const HierarchicalBoneV0*> _ikExcludedBones;
     Vector3 _upAxis = Vector3(0.0f, 0.0f, 1.0f);
     Vector3 _frontAxis = Vector3(1.0f, 0.0f, 0.0f);
     Array<BonePhysicConfigurationV0> _boneConfigurations;

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "mrvCore/animation/_compatibility/mrvBonePhysicConfigurationV0.h"
-#include "mrvCore/animation/_compatibility/mrvGenericSpecificConverterBoneV0.h"
-#include "mrvCore/animation/_compatibility/mrvHierarchicalSkeletonDescriptionV0.h"
-#include "mrvCore/animation/_compatibility/mrvSkeletonOwner.h"
+#include "mrvCore/animation/_compatibility/mrvPointedBones.h"
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/assetManagement/_compatibility/mrvBlendShapeGroupV0.h"
 #include "mrvCore/math/types/mrvVector3.h"
@@ -16,23 +14,15 @@
 
 namespace mrv {
 
-class HierarchicalBoneV0;
-
 /// New: weights of squash and stretch, and which caches are allowed.
-class MRV_CORE_API GenericSpecificConverterMappingV3
-    : public internal::SkeletonOwner<HierarchicalSkeletonDescriptionV0>
+class MRV_CORE_API GenericSpecificConverterMappingV3 : public internal::PointedBones
 {
 public:
     MRV_PERSISTENT_CLASS(GenericSpecificConverterMappingV3)
 
-    const HierarchicalBoneV0* _pelvisBone = nullptr;
-    Array<GenericSpecificConverterBoneV0> _spineBones;
-    Array<GenericSpecificConverterBoneV0> _limbBones;
-    Array<GenericSpecificConverterBoneV0> _effectorBones;
     Array<MrvString> _spineBoneNames;
     Array<MrvString> _limbBoneNames;
     Array<MrvString> _effectorBoneNames;
-    Array<const HierarchicalBoneV0*> _ikExcludedBones;
     Vector3 _upAxis = Vector3(0.0f, 0.0f, 1.0f);
     Vector3 _frontAxis = Vector3(1.0f, 0.0f, 0.0f);
     Array<BonePhysicConfigurationV0> _boneConfigurations;

@@ -6,7 +6,6 @@
 #include "mrvCore/animation/mrvBonePhysicConfiguration.h"
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/animation/mrvGenericSpecificConverterBone.h"
-#include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/assetManagement/_compatibility/mrvBlendShapeGroupV0.h"
 #include "mrvCore/math/types/mrvVector3.h"
 #include "mrvCore/system/containers/mrvArray.h"
@@ -19,8 +18,7 @@ namespace mrv {
 class GenericSpecificConverterMappingV4;
 
 /// New: bones are told by index.
-class MRV_CORE_API GenericSpecificConverterMappingV5
-    : public internal::SkeletonOwner<HierarchicalSkeletonDescriptionV1>
+class MRV_CORE_API GenericSpecificConverterMappingV5 : public internal::SkeletonOwner
 {
 public:
     MRV_PERSISTENT_CLASS(GenericSpecificConverterMappingV5)

@@ -6,7 +6,6 @@
 #include "mrvCore/animation/mrvBonePhysicConfiguration.h"
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/animation/mrvGenericSpecificConverterBone.h"
-#include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/assetManagement/_compatibility/mrvBlindDataV0.h"
 #include "mrvCore/math/types/mrvVector3.h"
 #include "mrvCore/system/containers/mrvArray.h"
@@ -19,8 +18,7 @@ namespace mrv {
 class GenericSpecificConverterMappingV6;
 
 /// New: spines have mirrors, and the axes are normalized.
-class MRV_CORE_API GenericSpecificConverterMappingV7
-    : public internal::SkeletonOwner<HierarchicalSkeletonDescriptionV1>
+class MRV_CORE_API GenericSpecificConverterMappingV7 : public internal::SkeletonOwner
 {
 public:
     MRV_PERSISTENT_CLASS(GenericSpecificConverterMappingV7)

@@ -2,13 +2,12 @@
 #include "mrvCore/animation/_compatibility/mrvHierarchicalSkeletonDescriptionV0.h"
 
 #include "mrvCore/animation/_compatibility/mrvBoneSteps.h"
+#include "mrvCore/animation/_compatibility/mrvLinkedBones.h"
 #include "mrvCore/animation/mrvHierarchicalBone.h"
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/system/serialization/mrvPersistentAttributes.h"
 
 #include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 namespace mrv {
 
@@ -24,32 +23,6 @@ void HierarchicalSkeletonDescriptionV0::addAttributes()
 }
 
 namespace {
-
-/// Bones, each once, whatever their links are.
-class LinkedBones
-{
-public:
-    void add(HierarchicalBoneV0* bone)
-    {
-        if (bone != nullptr && _known.insert(bone).second)
-            _bones.push_back(bone);
-    }
-    void addLinked()
-    {
-        for (size_t next = 0; next < _bones.size(); ++next)
-        {
-            const HierarchicalBoneV0& bone = *_bones[next];
-            add(bone._father);
-            for (HierarchicalBoneV0* child : bone._children)
-                add(child);
-        }
-    }
-    const std::vector<HierarchicalBoneV0*>& get() const { return _bones; }
-
-private:
-    std::vector<HierarchicalBoneV0*> _bones;
-    std::unordered_set<const HierarchicalBoneV0*> _known;
-};
 
 /// The position of each bone's father, -1 for none; of several positions of one father the last.
 PODArray<int> findFatherPositions(const Array<HierarchicalBoneV0*>& bones)
@@ -72,13 +45,9 @@ PODArray<int> findFatherPositions(const Array<HierarchicalBoneV0*>& bones)
 
 HierarchicalSkeletonDescriptionV0::~HierarchicalSkeletonDescriptionV0()
 {
-    LinkedBones owned;
-    owned.add(_rootBone);
-    for (HierarchicalBoneV0* bone : _bones)
-        owned.add(bone);
-    owned.addLinked();
-    for (HierarchicalBoneV0* bone : owned.get())
-        delete bone;
+    internal::LinkedBones owned;
+    owned.takeFrom(*this);
+    owned.deleteAll();
 }
 
 void HierarchicalSkeletonDescriptionV1::createFrom(const HierarchicalSkeletonDescriptionV0& old)

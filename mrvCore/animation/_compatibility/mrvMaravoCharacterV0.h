@@ -17,7 +17,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV0)
 
     MaravoCharacterV0();
-    ~MaravoCharacterV0() override;
+    ~MaravoCharacterV0();
 };
 
 } // namespace mrv

@@ -17,7 +17,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV1)
 
     MaravoCharacterV1();
-    ~MaravoCharacterV1() override;
+    ~MaravoCharacterV1();
 };
 
 } // namespace mrv

@@ -24,7 +24,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV10)
 
     MaravoCharacterV10();
-    ~MaravoCharacterV10() override;
+    ~MaravoCharacterV10();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV9(MaravoCharacterV9& old);

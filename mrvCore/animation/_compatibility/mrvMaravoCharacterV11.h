@@ -24,7 +24,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV11)
 
     MaravoCharacterV11();
-    ~MaravoCharacterV11() override;
+    ~MaravoCharacterV11();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV10(MaravoCharacterV10& old);

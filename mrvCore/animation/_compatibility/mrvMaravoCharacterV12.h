@@ -24,7 +24,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV12)
 
     MaravoCharacterV12();
-    ~MaravoCharacterV12() override;
+    ~MaravoCharacterV12();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV11(MaravoCharacterV11& old);

@@ -26,7 +26,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV13)
 
     MaravoCharacterV13();
-    ~MaravoCharacterV13() override;
+    ~MaravoCharacterV13();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV12(MaravoCharacterV12& old);

@@ -26,7 +26,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV14)
 
     MaravoCharacterV14();
-    ~MaravoCharacterV14() override;
+    ~MaravoCharacterV14();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV13(MaravoCharacterV13& old);

@@ -27,7 +27,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV15)
 
     MaravoCharacterV15();
-    ~MaravoCharacterV15() override;
+    ~MaravoCharacterV15();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV14(MaravoCharacterV14& old);

@@ -26,7 +26,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV16)
 
     MaravoCharacterV16();
-    ~MaravoCharacterV16() override;
+    ~MaravoCharacterV16();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV15(MaravoCharacterV15& old);

@@ -27,7 +27,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV17)
 
     MaravoCharacterV17();
-    ~MaravoCharacterV17() override;
+    ~MaravoCharacterV17();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV16(MaravoCharacterV16& old);

@@ -27,7 +27,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV18)
 
     MaravoCharacterV18();
-    ~MaravoCharacterV18() override;
+    ~MaravoCharacterV18();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV17(MaravoCharacterV17& old);

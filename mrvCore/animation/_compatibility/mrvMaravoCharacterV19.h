@@ -27,7 +27,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV19)
 
     MaravoCharacterV19();
-    ~MaravoCharacterV19() override;
+    ~MaravoCharacterV19();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV18(MaravoCharacterV18& old);

@@ -17,7 +17,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV2)
 
     MaravoCharacterV2();
-    ~MaravoCharacterV2() override;
+    ~MaravoCharacterV2();
 };
 
 } // namespace mrv

@@ -28,7 +28,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV20)
 
     MaravoCharacterV20();
-    ~MaravoCharacterV20() override;
+    ~MaravoCharacterV20();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV19(MaravoCharacterV19& old);

@@ -28,7 +28,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV21)
 
     MaravoCharacterV21();
-    ~MaravoCharacterV21() override;
+    ~MaravoCharacterV21();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV20(MaravoCharacterV20& old);

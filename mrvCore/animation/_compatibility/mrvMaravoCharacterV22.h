@@ -28,7 +28,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV22)
 
     MaravoCharacterV22();
-    ~MaravoCharacterV22() override;
+    ~MaravoCharacterV22();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV21(MaravoCharacterV21& old);

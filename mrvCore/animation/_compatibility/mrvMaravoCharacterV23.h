@@ -29,7 +29,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV23)
 
     MaravoCharacterV23();
-    ~MaravoCharacterV23() override;
+    ~MaravoCharacterV23();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV22(MaravoCharacterV22& old);

@@ -17,7 +17,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV3)
 
     MaravoCharacterV3();
-    ~MaravoCharacterV3() override;
+    ~MaravoCharacterV3();
 };
 
 } // namespace mrv

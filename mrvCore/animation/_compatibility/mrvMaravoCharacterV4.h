@@ -21,7 +21,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV4)
 
     MaravoCharacterV4();
-    ~MaravoCharacterV4() override;
+    ~MaravoCharacterV4();
 
     // Each is called on a new character. It converts what changed, of which nothing is left in the old one,
     // and takes over the rest.

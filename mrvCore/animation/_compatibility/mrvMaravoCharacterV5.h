@@ -21,7 +21,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV5)
 
     MaravoCharacterV5();
-    ~MaravoCharacterV5() override;
+    ~MaravoCharacterV5();
 
     MrvString _name = "Character";
     PODArray<int> _mainAssetGroups;

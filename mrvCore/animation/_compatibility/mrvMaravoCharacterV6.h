@@ -24,7 +24,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV6)
 
     MaravoCharacterV6();
-    ~MaravoCharacterV6() override;
+    ~MaravoCharacterV6();
 
     /// Makes arrays of the tree of assets, see mrvAssetManagerImport.h, and copies the rest.
     void createFromV4(MaravoCharacterV4& old);

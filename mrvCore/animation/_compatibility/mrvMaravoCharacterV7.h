@@ -23,7 +23,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV7)
 
     MaravoCharacterV7();
-    ~MaravoCharacterV7() override;
+    ~MaravoCharacterV7();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV6(MaravoCharacterV6& old);

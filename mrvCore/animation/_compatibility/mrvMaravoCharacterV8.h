@@ -23,7 +23,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV8)
 
     MaravoCharacterV8();
-    ~MaravoCharacterV8() override;
+    ~MaravoCharacterV8();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV7(MaravoCharacterV7& old);

@@ -24,7 +24,7 @@ public:
     MRV_PERSISTENT_CLASS_VIRTUAL(MaravoCharacterV9)
 
     MaravoCharacterV9();
-    ~MaravoCharacterV9() override;
+    ~MaravoCharacterV9();
 
     /// Takes over what the old character holds, or copies it.
     void createFromV8(MaravoCharacterV8& old);

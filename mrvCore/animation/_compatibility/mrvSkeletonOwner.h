@@ -1,13 +1,14 @@
 // mrvCore/animation/_compatibility/mrvSkeletonOwner.h
-// The skeleton of a frozen mapping.
+// The skeleton of the mappings from version 5 to 7.
 #pragma once
+
+#include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 
 #include <utility>
 
 namespace mrv::internal {
 
 /// Deletes the skeleton with the mapping, copies it with it, and lets a next owner take it over.
-template <class Description>
 class SkeletonOwner
 {
 public:
@@ -23,12 +24,12 @@ public:
     }
     ~SkeletonOwner() { delete _skeletonDescription; }
 
-    Description* _skeletonDescription = nullptr; ///< null where a file has none
+    HierarchicalSkeletonDescriptionV1* _skeletonDescription = nullptr; ///< null where a file has none
 
 private:
-    static Description* copy(const Description* source)
+    static HierarchicalSkeletonDescriptionV1* copy(const HierarchicalSkeletonDescriptionV1* source)
     {
-        return source != nullptr ? new Description(*source) : nullptr;
+        return source != nullptr ? new HierarchicalSkeletonDescriptionV1(*source) : nullptr;
     }
 };
 
