@@ -18,8 +18,10 @@
 #include "tests/support/mrvItemPaths.h"
 #include "tests/support/mrvTemporaryFolder.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <memory>
 #include <sstream>
 
@@ -315,6 +317,71 @@ TEST_F(CharacterVersions, mayAlsoBeCopied)
                                                      &MaravoCharacterV8::createFromV7);
     expectCopy<MaravoCharacterV20, MaravoCharacterV21>(20, &MaravoCharacterV21::createFromV20,
                                                        &MaravoCharacterV21::createFromV20);
+}
+
+/// All values of an item by their paths.
+void flatten(const DataItem& item, const std::string& path, std::map<std::string, std::string>& values)
+{
+    for (unsigned int i = 0; i < item.getAttributesCount(); ++i)
+        values[path + ':' + item.getAttribute(i).first] = item.getAttribute(i).second;
+    for (unsigned int i = 0; i < item.getChildrenCount(); ++i)
+        flatten(item.getChild(i), path + '.' + item.getChild(i).getName() + std::to_string(i), values);
+}
+
+/// What a version does not hold, or holds in another way, up to the one before `since`.
+const struct
+{
+    const char* part;
+    int since;
+} newParts[] = {
+    { ":pointerID", MRV_MVC_VERSION }, // counts the objects of a file
+    { "shadingGroups", 1 },            // are called as their shaders
+    { "allAssetGroups", 5 },           // with the weights of the mean of a group
+    { "mainAssetGroups", 5 },
+    { "weightOverrides", 5 },
+    { "parentRenderingType", 12 },
+    { "LODMinDistance", 12 },
+    { "LODMaxDistance", 12 },
+    { "spineMirrorSources", 12 },
+    { "previewName", 20 },
+    { "perceptionShape", 20 },
+};
+
+bool isHeld(const std::string& path, int version)
+{
+    return std::none_of(std::begin(newParts), std::end(newParts), [&](const auto& part) {
+        return version < part.since && path.find(part.part) != std::string::npos;
+    });
+}
+
+TEST_F(CharacterVersions, ofOneCharacterAgree)
+{
+    const auto load = [](int version, const char* extension) {
+        MaravoCharacterV24 character;
+        const std::string name = MRV_TEST_DATA "/characters/biped_v" + std::to_string(version) + extension;
+        EXPECT_EQ(character.loadCharacterFile(name.c_str(), false), Load::SUCCESS) << name;
+        std::map<std::string, std::string> values;
+        flatten(objectIn(pack(character)), "", values);
+        return values;
+    };
+    for (const char* extension : { ".mvc", ".mvcf" })
+    {
+        const auto newest = load(MRV_MVC_VERSION, extension);
+        for (const int version : { 0, 4, 5, 12, 20, 23 })
+        {
+            const auto old = load(version, extension);
+            for (const auto& [path, value] : newest)
+            {
+                if (!isHeld(path, version))
+                    continue;
+                EXPECT_EQ(old.count(path) != 0 ? old.at(path) : "nothing", value)
+                    << version << extension << ' ' << path;
+            }
+            for (const auto& [path, value] : old)
+                EXPECT_TRUE(newest.count(path) != 0 || !isHeld(path, version))
+                    << version << extension << ' ' << path << ' ' << value;
+        }
+    }
 }
 
 class OldSamples : public CoreTest, public testing::WithParamInterface<const char*>
