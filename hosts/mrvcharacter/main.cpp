@@ -7,6 +7,8 @@
 #include "hosts/mrvcharacter/mrvDrawCommand.h"
 #include "hosts/mrvcharacter/mrvImportCommand.h"
 #include "hosts/mrvcharacter/mrvInfoCommand.h"
+#include "hosts/mrvcharacter/mrvMapCommand.h"
+#include "hosts/mrvcharacter/mrvRagdollCommand.h"
 #include "hosts/mrvcharacter/mrvValidateCommand.h"
 
 #include "mrvCore/mrvCore.h"
@@ -22,7 +24,8 @@ namespace {
 constexpr void (*addCommands[])(CLI::App&, int&) = {
     &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand, &mrvcharacter::addInfoCommand,
     &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand, &mrvcharacter::addImportCommand,
-    &mrvcharacter::addDrawCommand,     &mrvcharacter::addDiffCommand,
+    &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand, &mrvcharacter::addDrawCommand,
+    &mrvcharacter::addDiffCommand,
 };
 
 int runCommandLine(int argc, char** argv)

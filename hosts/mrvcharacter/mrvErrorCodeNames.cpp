@@ -17,8 +17,11 @@ constexpr const char* getName(const char* const (&names)[count], int code)
     return code >= 0 && static_cast<size_t>(code) < count ? names[code] : "END";
 }
 
+// Mapping files have the same codes.
 static_assert(sizeof(loadNames) / sizeof(loadNames[0]) == mrv::LoadCharacterFileErrorCode::END);
 static_assert(sizeof(saveNames) / sizeof(saveNames[0]) == mrv::SaveCharacterFileErrorCode::END);
+static_assert(sizeof(loadNames) / sizeof(loadNames[0]) == mrv::LoadSkeletonMappingErrorCode::END);
+static_assert(sizeof(saveNames) / sizeof(saveNames[0]) == mrv::SaveSkeletonMappingErrorCode::END);
 
 } // namespace
 
@@ -28,6 +31,16 @@ const char* getLoadCharacterFileErrorCodeName(mrv::LoadCharacterFileErrorCode::V
 }
 
 const char* getSaveCharacterFileErrorCodeName(mrv::SaveCharacterFileErrorCode::Value code)
+{
+    return getName(saveNames, code);
+}
+
+const char* getLoadSkeletonMappingErrorCodeName(mrv::LoadSkeletonMappingErrorCode::Value code)
+{
+    return getName(loadNames, code);
+}
+
+const char* getSaveSkeletonMappingErrorCodeName(mrv::SaveSkeletonMappingErrorCode::Value code)
 {
     return getName(saveNames, code);
 }

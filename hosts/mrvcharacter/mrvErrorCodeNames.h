@@ -9,5 +9,7 @@ namespace mrvcharacter {
 /// The name of the enumerator; "END" for a number that is none.
 const char* getLoadCharacterFileErrorCodeName(mrv::LoadCharacterFileErrorCode::Value code);
 const char* getSaveCharacterFileErrorCodeName(mrv::SaveCharacterFileErrorCode::Value code);
+const char* getLoadSkeletonMappingErrorCodeName(mrv::LoadSkeletonMappingErrorCode::Value code);
+const char* getSaveSkeletonMappingErrorCodeName(mrv::SaveSkeletonMappingErrorCode::Value code);
 
 } // namespace mrvcharacter

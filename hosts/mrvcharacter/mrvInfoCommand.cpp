@@ -3,6 +3,7 @@
 
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvJson.h"
+#include "hosts/mrvcharacter/mrvMappingFiles.h"
 #include "hosts/mrvcharacter/mrvProgressCounter.h"
 #include "hosts/mrvcharacter/mrvTextTable.h"
 #include "hosts/mrvcharacter/mrvUprightPose.h"
@@ -17,6 +18,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mrvcharacter {
@@ -48,6 +50,25 @@ Json getPelvisName(const mrv::GenericSpecificConverterMappingV8& mapping)
     return bones[static_cast<size_t>(pelvis)]->getName().c_str();
 }
 
+Json countParts(const mrv::GenericSpecificConverterMappingV8& mapping)
+{
+    return { { "spines", mapping.getSpineBonesSize() },
+             { "limbs", mapping.getLimbBonesSize() },
+             { "effectors", mapping.getEffectorBonesSize() } };
+}
+
+Json summarize(const std::string& file, int version, const mrv::GenericSpecificConverterMappingV8& mapping)
+{
+    return {
+        { "file", file },
+        { "version", version },
+        { "bones", mapping.getSkeletonDescription()->getBones().size() },
+        { "height", toJsonNumber(getHeight(mapping)) },
+        { "pelvis", getPelvisName(mapping) },
+        { "parts", countParts(mapping) },
+    };
+}
+
 Json summarize(const std::string& file, const mrv::MaravoCharacterV24& character)
 {
     const mrv::GenericSpecificConverterMappingV8& mapping = character.getConverterMapping();
@@ -62,10 +83,7 @@ Json summarize(const std::string& file, const mrv::MaravoCharacterV24& character
         { "bones", mapping.getSkeletonDescription()->getBones().size() },
         { "height", toJsonNumber(getHeight(mapping)) },
         { "pelvis", getPelvisName(mapping) },
-        { "parts",
-          { { "spines", mapping.getSpineBonesSize() },
-            { "limbs", mapping.getLimbBonesSize() },
-            { "effectors", mapping.getEffectorBonesSize() } } },
+        { "parts", countParts(mapping) },
         { "meshes", character._meshAssets.size() },
         { "groups", character._allAssetGroups.size() },
         { "geometry", geometry },
@@ -94,6 +112,17 @@ std::string joinMembers(const Json& object, bool withKeys)
     return text.empty() ? "-" : text;
 }
 
+/// "-" for what a mapping has not.
+std::string getCell(const Json& summary, const char* key)
+{
+    if (!summary.contains(key) || summary[key].is_null())
+        return "-";
+    const Json& value = summary[key];
+    if (value.is_object())
+        return joinMembers(value, std::string_view(key) == "geometry");
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
 std::string toText(float number)
 {
     char text[32];
@@ -118,13 +147,31 @@ void printTable(const std::vector<Json>& summaries)
                       { "Types", right },
                       { "Overrides", right } });
     for (const Json& summary : summaries)
-        table.addRow({ summary["file"], summary["name"], summary["version"].dump(), summary["bones"].dump(),
-                       toText(summary["height"]), summary["pelvis"].is_null() ? "-" : summary["pelvis"],
-                       joinMembers(summary["parts"], false), summary["meshes"].dump(),
-                       summary["groups"].dump(), joinMembers(summary["geometry"], true),
-                       joinMembers(summary["shaders"], false), summary["renderingTypes"].dump(),
-                       joinMembers(summary["overrides"], false) });
+        table.addRow({ getCell(summary, "file"), getCell(summary, "name"), getCell(summary, "version"),
+                       getCell(summary, "bones"), toText(summary["height"]), getCell(summary, "pelvis"),
+                       getCell(summary, "parts"), getCell(summary, "meshes"), getCell(summary, "groups"),
+                       getCell(summary, "geometry"), getCell(summary, "shaders"),
+                       getCell(summary, "renderingTypes"), getCell(summary, "overrides") });
     table.print(std::cout);
+}
+
+/// False for a file that cannot be read, which is told.
+bool addSummary(const std::string& file, ProgressCounter& progress, std::vector<Json>& summaries)
+{
+    if (isMappingFile(file))
+    {
+        mrv::GenericSpecificConverterMappingV8 mapping;
+        int version = -1;
+        if (!loadMapping(file, mapping, version, &progress))
+            return false;
+        summaries.push_back(summarize(file, version, mapping));
+        return true;
+    }
+    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
+    if (!loadCharacter(file, *character, &progress))
+        return false;
+    summaries.push_back(summarize(file, *character));
+    return true;
 }
 
 bool printInfo(const Options& options)
@@ -134,11 +181,7 @@ bool printInfo(const Options& options)
     for (const std::string& file : options.files)
     {
         progress.next(file);
-        const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-        if (!loadCharacter(file, *character, &progress))
-            continue;
-        summaries.push_back(summarize(file, *character));
-        if (options.asJson)
+        if (addSummary(file, progress, summaries) && options.asJson)
             std::cout << toLine(summaries.back());
     }
     if (!options.asJson && !summaries.empty())
@@ -150,12 +193,12 @@ bool printInfo(const Options& options)
 
 void addInfoCommand(CLI::App& app, int& exitCode)
 {
-    CLI::App* command = app.add_subcommand("info", "Tells what characters are made of");
+    CLI::App* command = app.add_subcommand("info", "Tells what characters and mappings are made of");
     command->footer("Columns of several numbers: Parts are spines/limbs/effectors, Geometry is tag:files,\n"
                     "Shaders are groups/assets/attributes, Types are rendering types, and Overrides are\n"
                     "skeleton/blind data/physics. The height is that of the bones, in their units.");
     const auto options = std::make_shared<Options>();
-    command->add_option("FILES", options->files, "Character files")->required();
+    command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
     command->callback([options, &exitCode] { exitCode = printInfo(*options) ? 0 : 1; });
 }

@@ -1,7 +1,9 @@
 // hosts/mrvcharacter/mrvSkeletonDrawing.cpp
 #include "hosts/mrvcharacter/mrvSkeletonDrawing.h"
 
+#include "hosts/mrvcharacter/mrvBodyOutlines.h"
 #include "hosts/mrvcharacter/mrvBodyParts.h"
+#include "hosts/mrvcharacter/mrvPartLabels.h"
 #include "hosts/mrvcharacter/mrvPicture.h"
 #include "hosts/mrvcharacter/mrvUprightPose.h"
 
@@ -88,6 +90,8 @@ struct Skeleton
     std::vector<mrv::Vector3> pose;
     std::vector<int> fathers;
     BodyParts parts;
+    std::vector<PartLabel> labels;
+    std::vector<PlacedBody> bodies;
     double scale = 1.0;     ///< pixels for one unit
     double lineWidth = 1.0; ///< of a bone
 };
@@ -97,15 +101,19 @@ int getFatherIndex(const mrv::HierarchicalBoneV1& bone)
     return bone.getFather() != nullptr ? bone.getFather()->getSpecificBoneIndex() : -1;
 }
 
-Skeleton makeSkeleton(const mrv::GenericSpecificConverterMappingV8& mapping)
+Skeleton makeSkeleton(const mrv::GenericSpecificConverterMappingV8& mapping,
+                      const mrv::SpecificPosture& posture, bool withBodies)
 {
     Skeleton skeleton;
     if (mapping.getSkeletonDescription() == nullptr)
         return skeleton;
-    skeleton.pose = getUprightPose(mapping);
+    skeleton.pose = getUprightPose(mapping, posture);
     for (const mrv::HierarchicalBoneV1* bone : mapping.getSkeletonDescription()->getBones())
         skeleton.fathers.push_back(getFatherIndex(*bone));
     skeleton.parts = findBodyParts(mapping);
+    skeleton.labels = findPartLabels(mapping);
+    if (withBodies)
+        skeleton.bodies = placeBodies(mapping, posture);
     return skeleton;
 }
 
@@ -191,8 +199,17 @@ double getLineWidth(const Skeleton& skeleton, size_t bone)
 /// The places of the bones on the picture, in the middle of a panel, and the height of the ground there.
 struct Projection
 {
-    std::vector<Point> points;
+    const View& view;
+    Point origin;
+    double scale;
     double ground;
+    std::vector<Point> points = {};
+
+    Point place(const mrv::Vector3& position) const
+    {
+        return { origin.x + static_cast<double>(view.right.dot(position)) * scale,
+                 origin.y - static_cast<double>(view.up.dot(position)) * scale };
+    }
 };
 
 Projection project(const Skeleton& skeleton, const View& view, const Layout& layout, int panel)
@@ -204,12 +221,13 @@ Projection project(const Skeleton& skeleton, const View& view, const Layout& lay
     const double centre = 0.5 * (layout.top + titleHeight + bottom);
     const double base = view.hasGround ? bottom : centre + 0.5 * upwards.getSize() * skeleton.scale;
 
-    Projection projection;
+    const double low = skeleton.pose.empty() ? 0.0 : upwards.low;
+    Projection projection = { view,
+                              { middle - across.getMiddle() * skeleton.scale, base + low * skeleton.scale },
+                              skeleton.scale,
+                              bottom };
     for (const mrv::Vector3& position : skeleton.pose)
-        projection.points.push_back(
-            { middle + (static_cast<double>(view.right.dot(position)) - across.getMiddle()) * skeleton.scale,
-              base - (static_cast<double>(view.up.dot(position)) - upwards.low) * skeleton.scale });
-    projection.ground = bottom;
+        projection.points.push_back(projection.place(position));
     return projection;
 }
 
@@ -246,6 +264,47 @@ void drawBones(Picture& picture, const Skeleton& skeleton, const View& view, con
     }
 }
 
+double getTurn(const Point& a, const Point& b, const Point& c)
+{
+    return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+}
+
+/// The corners of the convex hull in order (Andrew, "Another efficient algorithm for convex hulls", 1979).
+std::vector<Point> getHull(std::vector<Point> points)
+{
+    std::sort(points.begin(), points.end(),
+              [](const Point& a, const Point& b) { return a.x != b.x ? a.x < b.x : a.y < b.y; });
+    std::vector<Point> hull;
+    for (const bool isBack : { false, true })
+    {
+        const size_t start = hull.size();
+        for (const Point& point : points)
+        {
+            while (hull.size() >= start + 2 && getTurn(hull[hull.size() - 2], hull.back(), point) <= 0.0)
+                hull.pop_back();
+            hull.push_back(point);
+        }
+        hull.pop_back(); // begins the other side
+        if (!isBack)
+            std::reverse(points.begin(), points.end());
+    }
+    return hull;
+}
+
+void drawBodies(Picture& picture, const Skeleton& skeleton, const View& view, const Projection& projection)
+{
+    for (const PlacedBody& body : skeleton.bodies)
+    {
+        std::vector<Point> points;
+        for (const mrv::Vector3& point : getOutlinePoints(body, view.right, view.up))
+            points.push_back(projection.place(point));
+        const std::vector<Point> hull = getHull(points);
+        const Colour& colour = partStyles[skeleton.parts.ofBone[static_cast<size_t>(body.bone)]].colour;
+        for (size_t i = 0; i < hull.size(); ++i)
+            picture.drawLine(hull[i], hull[(i + 1) % hull.size()], 1.6, colour);
+    }
+}
+
 void drawPanel(Picture& picture, const Skeleton& skeleton, const Layout& layout, int panel)
 {
     const View& view = views[panel];
@@ -258,6 +317,9 @@ void drawPanel(Picture& picture, const Skeleton& skeleton, const Layout& layout,
         picture.drawLine({ left + 22, projection.ground + 1 }, { right - 22, projection.ground + 1 }, 2,
                          groundLine);
     drawBones(picture, skeleton, view, projection);
+    drawBodies(picture, skeleton, view, projection);
+    const Box room = { left + 8, layout.top + 44, right - 8, layout.top + layout.height - 8 };
+    drawPartLabels(picture, skeleton.labels, projection.points, skeleton.fathers, room, ink);
 }
 
 /// The largest of 1, 2 and 5 times a power of ten that is not above the value.
@@ -320,9 +382,10 @@ void drawLegend(Picture& picture, const Skeleton& skeleton)
 
 } // namespace
 
-void drawSkeleton(Picture& picture, const mrv::MaravoCharacterV24& character)
+void drawSkeleton(Picture& picture, const mrv::MaravoCharacterV24& character,
+                  const mrv::SpecificPosture& posture, bool withBodies)
 {
-    Skeleton skeleton = makeSkeleton(character.getConverterMapping());
+    Skeleton skeleton = makeSkeleton(character.getConverterMapping(), posture, withBodies);
     const Layout layout = makeLayout(picture, skeleton);
     skeleton.lineWidth = chooseLineWidth(skeleton);
     drawHeading(picture, skeleton, character._name.c_str());

@@ -4,6 +4,7 @@
 #include "mrvCore/animation/mrvGenericSpecificConverterMapping.h"
 #include "mrvCore/animation/mrvHierarchicalBone.h"
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
+#include "mrvCore/animation/mrvSpecificPosture.h"
 
 namespace mrvcharacter {
 
@@ -14,6 +15,15 @@ std::vector<mrv::Vector3> getUprightPose(const mrv::GenericSpecificConverterMapp
         return positions;
     for (const mrv::HierarchicalBoneV1* bone : mapping.getSkeletonDescription()->getBones())
         positions.push_back(mapping.getOrientationToZUpXFront() * bone->getWorldPosUnscaled());
+    return positions;
+}
+
+std::vector<mrv::Vector3> getUprightPose(const mrv::GenericSpecificConverterMappingV8& mapping,
+                                         const mrv::SpecificPosture& posture)
+{
+    std::vector<mrv::Vector3> positions;
+    for (const mrv::Vector3& position : posture.getWorldPositions())
+        positions.push_back(mapping.getOrientationToZUpXFront() * position);
     return positions;
 }
 

@@ -4,6 +4,7 @@
 #include "hosts/mrvcharacter/mrvErrorCodeNames.h"
 #include "hosts/mrvcharacter/mrvJson.h"
 #include "hosts/mrvcharacter/mrvLogMessages.h"
+#include "hosts/mrvcharacter/mrvMappingFiles.h"
 #include "hosts/mrvcharacter/mrvProgressCounter.h"
 
 #include "mrvCore/animation/mrvMaravoCharacter.h"
@@ -50,6 +51,17 @@ Verdict validateCharacter(const std::string& file)
              result == mrv::LoadCharacterFileErrorCode::SUCCESS };
 }
 
+Verdict validateMapping(const std::string& file)
+{
+    const LogMessages messages;
+    mrv::GenericSpecificConverterMappingV8 mapping;
+    int version = -1;
+    const mrv::LoadSkeletonMappingErrorCode::Value result = readMapping(file, mapping, version);
+    return { file,           "mapping",
+             version,        getLoadSkeletonMappingErrorCodeName(result),
+             messages.get(), result == mrv::LoadSkeletonMappingErrorCode::SUCCESS };
+}
+
 void printVerdict(const Verdict& verdict)
 {
     std::ostream& stream = verdict.isGood ? std::cout : std::cerr;
@@ -77,7 +89,7 @@ bool validate(const Options& options)
     for (const std::string& file : options.files)
     {
         progress.next(file);
-        const Verdict verdict = validateCharacter(file);
+        const Verdict verdict = isMappingFile(file) ? validateMapping(file) : validateCharacter(file);
         progress.clear();
         options.asJson ? printVerdictAsJson(verdict) : printVerdict(verdict);
         isAllGood = isAllGood && verdict.isGood;
@@ -90,10 +102,10 @@ bool validate(const Options& options)
 void addValidateCommand(CLI::App& app, int& exitCode)
 {
     CLI::App* command =
-        app.add_subcommand("validate", "Reads character files and tells what is wrong with them");
+        app.add_subcommand("validate", "Reads character and mapping files and tells what is wrong with them");
     command->footer("The version is that of the file, -1 where it could not be told.");
     const auto options = std::make_shared<Options>();
-    command->add_option("FILES", options->files, "Character files")->required();
+    command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
     command->callback([options, &exitCode] { exitCode = validate(*options) ? 0 : 1; });
 }

@@ -57,4 +57,27 @@ private:
     void addChildren(size_t position);
 };
 
+/// Calls `visit(bone, depthBelowTop)` for a branch from a stack: children are pushed in their order and the
+/// last one is taken first. Whoever keeps the first or the last of equal bones relies on that order.
+template <class Visit>
+void walkBranch(const HierarchicalBoneV1& top, Visit visit)
+{
+    struct Waiting
+    {
+        const HierarchicalBoneV1* bone;
+        int depth;
+    };
+    PODArray<Waiting> stack;
+    stack.push_back({ &top, 0 });
+    while (stack.any())
+    {
+        const Waiting next = stack.back();
+        stack.pop_back();
+        visit(*next.bone, next.depth);
+        for (const HierarchicalBoneV1* child : next.bone->getChildren())
+            if (isLinked(next.bone, child) && child != &top)
+                stack.push_back({ child, next.depth + 1 });
+    }
+}
+
 } // namespace mrv::internal

@@ -4,8 +4,10 @@
 
 #include "mrvCore/animation/mrvEffectorMirrorSource.h"
 #include "mrvCore/animation/mrvGenericSpecificConverterBone.h"
+#include "mrvCore/animation/mrvHierarchicalBone.h"
 #include "mrvCore/animation/mrvSkeletonPartTypes.h"
 #include "mrvCore/math/rotations/mrvQuaternion.h"
+#include "mrvCore/math/types/mrvAngle.h"
 #include "mrvCore/math/types/mrvAxis.h"
 #include "mrvCore/math/types/mrvVector3.h"
 #include "mrvCore/mrvCoreApi.h"
@@ -20,16 +22,44 @@
 
 namespace mrv {
 
+class BinaryStream;
 class BlindDataV1;
 class BoneDisplayConfigurationV0;
 class BonePhysicConfigurationV1;
+class DataItem;
 class FastBoundingBox;
+class GenericSpecificConverterMappingV0;
+class GenericSpecificConverterMappingV1;
+class GenericSpecificConverterMappingV2;
+class GenericSpecificConverterMappingV3;
+class GenericSpecificConverterMappingV4;
+class GenericSpecificConverterMappingV5;
+class GenericSpecificConverterMappingV6;
 class GenericSpecificConverterMappingV7;
-class HierarchicalBoneV1;
 class HierarchicalSkeletonDescriptionV1;
+class XMLStream;
 namespace internal {
 class VersionSteps;
 }
+
+/// How reading a mapping file ended.
+struct LoadSkeletonMappingErrorCode
+{
+    enum Value {
+        SUCCESS = 0,
+        FILE_NOT_FOUND = 1,
+        INCORRECT_VERSION = 2,
+        INVALID_FILE = 3,
+        INVALID_SKELETON_DESCRIPTION = 4,
+        END = 5
+    };
+};
+
+/// How writing a mapping file ended.
+struct SaveSkeletonMappingErrorCode
+{
+    enum Value { SUCCESS = 0, FILE_CREATION_FAILED = 1, END = 2 };
+};
 
 /// Which bones of a character are its pelvis, spines, limbs and effectors, how they mirror each other, and
 /// what each bone has beyond its place in the skeleton.
@@ -70,9 +100,37 @@ public:
     /// Becomes a copy of `other`, its description included. The display configurations stay those of the
     /// own character.
     void createFromConst(const GenericSpecificConverterMappingV8& other);
+    /// Becomes what a mapping of an older version holds, in one step and with a skeleton of its own. The old
+    /// one may only be destroyed afterwards.
+    void createFromV0(GenericSpecificConverterMappingV0& old);
+    void createFromV1(GenericSpecificConverterMappingV1& old);
+    void createFromV2(GenericSpecificConverterMappingV2& old);
+    void createFromV3(GenericSpecificConverterMappingV3& old);
+    void createFromV4(GenericSpecificConverterMappingV4& old);
+    void createFromV5(GenericSpecificConverterMappingV5& old);
+    void createFromV6(GenericSpecificConverterMappingV6& old);
+    /// Makes `old` a copy of this mapping, as far as that version goes: of blind data the names of the blend
+    /// shapes, and no mirrors of spines.
+    void exportToV5(GenericSpecificConverterMappingV5& old) const;
     /// Takes over what a mapping of the version before holds, or copies it.
     void createFromV7(GenericSpecificConverterMappingV7& old);
     void createFromV7(const GenericSpecificConverterMappingV7& old);
+
+    // Files. A mapping whose load failed is empty or filled in part.
+
+    /// Reads the binary form: the version, 4 bytes, and the object. A stream is read from its position and is
+    /// behind the object afterwards. What is cut off counts as a file without a skeleton.
+    LoadSkeletonMappingErrorCode::Value loadMapping(const char* fileName);
+    LoadSkeletonMappingErrorCode::Value loadMapping(std::ifstream& stream);
+    /// Reads the XML form, from an item its child. The order of the skeleton's bones is left to the caller,
+    /// by initSortedBones().
+    LoadSkeletonMappingErrorCode::Value loadMappingXML(const char* fileName);
+    LoadSkeletonMappingErrorCode::Value loadMappingXML(XMLStream& stream, DataItem& item);
+    /// A file that cannot be written stays as it was.
+    SaveSkeletonMappingErrorCode::Value saveMapping(const char* fileName) const;
+    void saveMapping(std::ofstream& stream) const;
+    SaveSkeletonMappingErrorCode::Value saveMappingXML(const char* fileName) const;
+    SaveSkeletonMappingErrorCode::Value saveMappingXMLStream(XMLStream& stream, DataItem& item) const;
 
     // Building. A part that cannot be added is logged and changes nothing: the result is then -1 without a
     // description, -2 for a bone that is none, -3 for a part at a wrong place, else the index of the part.
@@ -104,6 +162,47 @@ public:
     void addIkExcludedBonesByBoneName(const char* const* names, int count);
     /// For each bone the description's bone of the same specific index, if there is one.
     void addIkExcludedBonesByBoneId(const PODArray<const HierarchicalBoneV1*>& bones);
+
+    // Automatic mapping: the parts are told by the shape of the bone tree and by where the bones lie in the
+    // bind pose, never by names. Sets of bones go by specific index, so that one file is always mapped alike.
+
+    /// Replaces spines, limbs and effectors with their names, and the pelvis, by what the skeleton shows.
+    ///
+    /// Branches that have a twin of the same shape are limbs; what else hangs at the pelvis and at the ends
+    /// of the spines becomes generic limbs. Mirrors and the bones excluded from IK are added to those that
+    /// are there: call clearMappingPart() and empty touchIkExcludedBones() first to map anew. A limb bends
+    /// where the angle of its bones exceeds the mean by `refineThreshold` times the mean; bones that bend
+    /// less than `minBendAngle`, in radians, are left out of IK. False, with all parts gone and the pelvis as
+    /// it was, if no shape repeats, and for a skeleton that is missing or not sound.
+    bool computeAutomaticMapping(float refineThreshold, Angle minBendAngle);
+
+    /// Adds a limb with its effectors for each bone of a set, its top, that leads at least `minChainDepth`
+    /// bones down, and the mirrors of the limbs added: a limb alone is its own mirror, two are each other's,
+    /// more have none.
+    ///
+    /// The ranges are those that the means of the groups of limbs span along the front and the up axis. A
+    /// positive value along `sideAxis` is the right. Two values that callers hand along are not read.
+    void addLimbs(const MrvSet<const HierarchicalBoneV1*>& bones, const Vector3& sideAxis, float minFront,
+                  float maxFront, float minUp, float maxUp, float, float, float refineThreshold,
+                  Angle minBendAngle, bool allGeneric, int minChainDepth);
+    /// Moves the joint between the two chains of a limb to where it bends, trims its end, and excludes bones
+    /// that are straight or short from IK. A limb without an auxiliary chain stays as it is.
+    void refineLimb(GenericSpecificConverterBoneV1& limb, float refineThreshold, Angle minBendAngle);
+    /// Adds an effector for each leaf below the end of a limb and appends its index to `effectorIndices`.
+    void addEffectors(const GenericSpecificConverterBoneV1& limb, PODArray<int>& effectorIndices);
+    /// Names limbs by side and kind, effectors by what the bones at their ends have in common.
+    void computeAutomaticNames();
+    /// The bending planes and locations of the one shape that is known: two legs, two arms, one more limb. It
+    /// changes nothing for any other.
+    void computeSimpleBipedIkNormalPlanes();
+    /// The normal of the plane in which a chain of world positions bends, in the frame of its first bone:
+    /// (0, -1, 0) for a straight one. Only a chain of two bones needs the `hint`, a direction in that plane.
+    static Vector3 computeIkNormalPlane(const PODArray<const HierarchicalBoneV1*>& chain,
+                                        const Vector3& hint);
+    /// The axis of the first bone's frame, with its sign, that is nearest to the normal of the plane in which
+    /// a chain bends to the side `bendingSide`, a direction of the world. X without the bones.
+    Vector3 getIkNormalPlaneFromWorldBendingSide(const Vector3& bendingSide, int firstBone,
+                                                 int lastBone) const;
 
     // Skeleton and axes.
 
@@ -185,6 +284,29 @@ public:
     /// Does nothing for an index that is no bone; anything but an axis and a mode is fatal.
     void setBoneSnsScaleMode(int bone, Axis::Value axis, SnsScaleMode::Value mode);
 
+    // Ragdoll: the bodies of the bones in getBoneConfigurations(), which has one entry per bone.
+
+    /// Gives the pelvis a body as wide as the limbs are apart, and sizes all bodies. A full setup takes all
+    /// bodies away before that, and gives one to each bone of the limbs and to both ends of each spine; then
+    /// it sets the joint limits. Of limbs that share a bone only the first one gets bodies.
+    void autoConfigureRagdoll(bool fullSetup);
+    /// Sizes the bodies of automatic dimensions, or all if `force`, by the distances to the bones below.
+    /// `ratio` is that of a body's radius to half its length.
+    void computeAutomaticBoneConfigurationSizes(bool force, float ratio);
+    /// Sets the joint limits of the bones of all parts; of a bone in several chains the last one counts.
+    void computeAutomaticJointLimits();
+    /// The same for one part. Inside a chain a joint bends to the side of the chain's normal, by
+    /// `interiorAngle` at most; its ends turn to all sides. Angles are in radians, the limits in degrees.
+    void computeAutomaticJointLimits(GenericSpecificConverterBoneV1& bone, float interiorAngle,
+                                     float auxiliaryEndAngle, float extensionEndAngle);
+    /// Appends the bones that have a body, from the pelvis outwards, to `rigidBodyBones`, and writes the
+    /// places of the bodies to `boneRigidBodies`, by bone. Returns the number of bodies; what follows them is
+    /// stale. Callers that need an entry for each bone pass `boneRigidBodies` filled: without a body of the
+    /// pelvis, the bone of the first body has none.
+    static int findRigidBodiesBoneCorrespondances(PODArray<int>& rigidBodyBones,
+                                                  PODArray<int>& boneRigidBodies,
+                                                  const GenericSpecificConverterMappingV8* mapping);
+
     /// Whether the animation of a chain may be cached: told by its first bone, or for all bones without an
     /// entry of their own by one answer, which is yes at first.
     bool isCacheAllowedOn(const GenericSpecificConverterBoneV1* bone, int chain) const;
@@ -264,6 +386,20 @@ private:
     friend class internal::VersionSteps;
 
     void updateOrientations();
+    void addSpines(const Vector3& sideAxis, float minFront, float maxFront, float minUp, float maxUp,
+                   float refineThreshold, Angle minBendAngle);
+    void mirrorLastLimbs(const PODArray<size_t>& effectorCounts);
+    template <int version, class Old>
+    void createFromOlder(Old& old);
+    LoadSkeletonMappingErrorCode::Value loadBinary(int version, BinaryStream& stream);
+    LoadSkeletonMappingErrorCode::Value checkLoaded(int version);
+    BonePhysicConfigurationV1* touchBoneConfiguration(const HierarchicalBoneV1* bone);
+    float computePelvisWidth() const;
+    void setBodyOfPelvis(float width);
+    void addBodiesOfLimb(const GenericSpecificConverterBoneV1& limb);
+    void addBodiesOfSpine(const GenericSpecificConverterBoneV1& spine);
+    Vector3 sizeOfLeaf(const HierarchicalBoneV1& bone, float fallback);
+    void makeBodiesOfSpineRound(const GenericSpecificConverterBoneV1& spine, bool force);
     int addChecked(ConverterBones& parts, const GenericSpecificConverterBoneV1& bone);
 
     bool _cacheAllowedGlobal = true;

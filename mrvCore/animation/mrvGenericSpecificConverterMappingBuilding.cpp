@@ -4,6 +4,8 @@
 #include "mrvCore/animation/mrvGenericSpecificConverterMapping.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
 
+#include <vector>
+
 namespace mrv {
 
 using internal::boneAt;
@@ -75,18 +77,24 @@ bool hangsBelowOther(const HierarchicalBoneV1* first, const HierarchicalBoneV1* 
 {
     if (first == nullptr || last == nullptr)
         return false;
-    int other = -1;
+    // Asked for each ancestor, the list of the others would be walked once a bone of a long way up.
+    std::vector<bool> isEnd(bones.size());
+    for (const GenericSpecificConverterBoneV1& other : others)
+        if (boneAt(bones, other._lastBoneOfChain[1]) != nullptr)
+            isEnd[static_cast<size_t>(other._lastBoneOfChain[1])] = true;
     const HierarchicalBoneV1* ancestor =
         findUpwards(first->getFather(), bones.size(), [&](const HierarchicalBoneV1& bone) {
-            other = findEndingAt(bone, bones, others);
-            return other >= 0;
+            const int index = bone.getSpecificBoneIndex();
+            return boneAt(bones, index) == &bone ? isEnd[static_cast<size_t>(index)]
+                                                 : findEndingAt(bone, bones, others) >= 0;
         });
     if (ancestor == nullptr)
         return false;
     MRV_LOG(SDK, LOG_WARNING,
             "The Limb (" << nameOf(first) << " -> " << nameOf(last)
                          << ") is invalid because one of his ancester bones belong to another limb ("
-                         << nameOf(ancestor) << " belong to the limb " << other << ")");
+                         << nameOf(ancestor) << " belong to the limb "
+                         << findEndingAt(*ancestor, bones, others) << ")");
     return true;
 }
 

@@ -4,34 +4,17 @@
 #include "mrvCore/animation/mrvHierarchicalBone.h"
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/animation/mrvMaravoCharacter.h"
-#include "tests/support/mrvCoreFixture.h"
-#include "tests/support/mrvTemporaryFolder.h"
+#include "tests/support/mrvDamagedFiles.h"
 #include "tests/support/mrvTestSkeleton.h"
 
-#include <csignal>
-#include <cstdio>
-#include <functional>
 #include <random>
 #include <string>
 #include <vector>
-
-#include <sys/mman.h>
-#include <sys/resource.h>
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace mrv {
 namespace {
 
 using Load = LoadCharacterFileErrorCode;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool isMemoryTold = false; // what a sanitizer keeps hides it
-#else
-constexpr bool isMemoryTold = true;
-#endif
-constexpr long maximumKilobytes = 64 * 1024;
 
 std::string sample(const std::string& name)
 {
@@ -63,83 +46,22 @@ void use(MaravoCharacterV24& character)
     character.autoComputeSkeletonDisplay(indices);
 }
 
-/// Ends the process when it has worked that long; 0 takes it back. Waiting for the processor does not count.
-void allowSeconds(time_t seconds)
-{
-    const itimerval limit{ { 0, 0 }, { seconds, 0 } };
-    setitimer(ITIMER_PROF, &limit, nullptr);
-}
-
-class DamagedCharacters : public CoreTest
+class DamagedCharacters : public DamagedFiles
 {
 protected:
-    DamagedCharacters()
-        : _next(static_cast<size_t*>(
-              mmap(nullptr, sizeof(size_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)))
-    {}
-    ~DamagedCharacters() override { munmap(_next, sizeof(size_t)); }
-
-    using MakeInput = std::function<std::string(size_t)>;
     using IsRight = std::function<bool(size_t, Load::Value)>;
 
-    /// Loads `count` inputs in child processes, each of which goes on until an input ends it. Returns how
-    /// many did so by the end that is demanded for an object of the wrong size; any other end is a failure.
     size_t load(const char* extension, size_t count, const MakeInput& makeInput, const IsRight& isRight)
     {
-        size_t demandedEnds = 0;
-        for (*_next = 0; *_next < count;)
-        {
-            const pid_t child = fork();
-            if (child == 0)
-                loadInChild(extension, count, makeInput, isRight);
-            int status = -1;
-            rusage usage;
-            EXPECT_EQ(wait4(child, &status, 0, &usage), child);
-            const bool isDemanded = WIFSIGNALED(status) && WTERMSIG(status) == SIGTRAP;
-            if (status != 0 && !isDemanded)
-            {
-                ADD_FAILURE() << "input " << *_next - 1 << " of " << extension << " ended with status "
-                              << status << '\n'
-                              << _folder.read("messages");
-                break;
-            }
-            EXPECT_TRUE(!isMemoryTold || usage.ru_maxrss < maximumKilobytes)
-                << usage.ru_maxrss << " kilobytes up to input " << *_next - 1;
-            demandedEnds += isDemanded;
-        }
-        return demandedEnds;
-    }
-
-private:
-    [[noreturn]] void loadInChild(const char* extension, size_t count, const MakeInput& makeInput,
-                                  const IsRight& isRight)
-    {
-        if (std::freopen(_folder.path("messages").c_str(), "w", stderr) == nullptr)
-            _exit(2);
-        const std::string name = std::string("c.") + extension;
-        while (*_next < count)
-        {
-            const size_t input = (*_next)++;
-            _folder.write(name.c_str(), makeInput(input));
-            allowSeconds(2);
+        return loadInputs(extension, count, makeInput, [&](size_t input, const MrvString& fileName) {
             MaravoCharacterV24 character;
-            const Load::Value result = character.loadCharacterFile(_folder.path(name.c_str()), true);
+            const Load::Value result = character.loadCharacterFile(fileName, true);
             if (result == Load::SUCCESS)
                 use(character);
             character.saveCharacterFileBinary("/dev/null");
-            allowSeconds(0);
-            if (!isRight(input, result))
-            {
-                std::fprintf(stderr, "wrong result %d\n", result);
-                std::fflush(stderr);
-                _exit(1);
-            }
-        }
-        _exit(0);
+            return isRight(input, result);
+        });
     }
-
-    TemporaryFolder _folder;
-    size_t* _next; ///< the input that is next, shared with the children
 };
 
 /// The files to damage: large ones of the current version, a small one of each version before it.

@@ -164,14 +164,31 @@ CharacterDescription::CharacterDescription(const std::string& fileName)
     versionRead = description["versionRead"].get<int>();
 }
 
-void expectDescribed(const MaravoCharacterV24& character, const CharacterDescription& description)
+namespace {
+
+template <typename T>
+void expectObject(const char* kind, const T& object, const HierarchicalSkeletonDescriptionV1* skeleton,
+                  const CharacterDescription& description)
 {
     const Json expected = Json::parse(description.text);
     DataItem root("root");
-    XMLStream().pack(root, character);
-    const Comparison comparison(character.getConverterMapping().getSkeletonDescription(),
-                                expected["tolerance"].get<double>());
-    comparison.compare("character", root.getChild(0u), expected["character"]);
+    XMLStream().pack(root, object);
+    const Comparison comparison(skeleton, expected["tolerance"].get<double>());
+    comparison.compare(kind, root.getChild(0u), expected[kind]);
+}
+
+} // namespace
+
+void expectDescribed(const MaravoCharacterV24& character, const CharacterDescription& description)
+{
+    expectObject("character", character, character.getConverterMapping().getSkeletonDescription(),
+                 description);
+}
+
+void expectDescribed(const GenericSpecificConverterMappingV8& mapping,
+                     const CharacterDescription& description)
+{
+    expectObject("mapping", mapping, mapping.getSkeletonDescription(), description);
 }
 
 } // namespace mrv

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sstream>
 
 namespace mrv {
@@ -22,6 +23,7 @@ namespace {
 using Json = nlohmann::json;
 
 const std::string samples = MRV_TEST_DATA "/../../samples/";
+const std::string mappings = MRV_TEST_DATA "/mappings/";
 const std::string rigs = MRV_EXTRA_DATA "/data/skeletons/";
 
 std::string readFile(const std::string& name)
@@ -31,6 +33,8 @@ std::string readFile(const std::string& name)
 }
 
 const std::string heading = "index,name,parent,px,py,pz,qx,qy,qz,qw\n";
+
+const std::string poseHeading = "bone,qx,qy,qz,qw\n";
 
 /// The files of the folder that command lines name by "{T}".
 void writeFiles(const TemporaryFolder& folder)
@@ -53,13 +57,19 @@ void writeFiles(const TemporaryFolder& folder)
     folder.write("noRotation.csv", heading + "0,root,-1,0,0,1,0,0,0,0\n");
     folder.write("noName.csv", heading + "0,,-1,0,0,1,0,0,0,1\n");
     folder.write("garbage.bvh", "HIERARCHY\nROOT hips\n{\n");
+    folder.write("short.mvsm", "abc");
+    folder.write("future.mvsm", std::string("\x09\0\0\0", 4));
+    folder.write("empty.mvsm.xml", "<mvsmContainer Version=\"8\"/>");
+    folder.write("pose.csv", poseHeading + "hips,0,0,1,0\n3,0.5,0,0,0.5\n");
+    folder.write("unknownBone.csv", poseHeading + "tail,0,0,0,1\n");
+    folder.write("noTurn.csv", poseHeading + "hips,0,0,0,0\n");
     folder.write("good.csv", heading + "0,root,-1,0,0,1,0,0,0,1\r\n1,a,0,0,0,0.5,0,0,0,2\r\n\r\n");
 }
 
 struct CommandCase
 {
     const char* name;
-    const char* line; ///< {T} is the folder of the files above, {S} that of the samples
+    const char* line; ///< {T} is the folder of the files above, {S} that of the samples, {M} of mappings
     int exitCode;
     const char* out; ///< part of the text, null for no text at all
     const char* err;
@@ -71,6 +81,7 @@ const CommandCase commandCases[] = {
     { "helpOfValidate", "validate --help", 0, "--json", nullptr },
     { "helpOfConvert", "convert --help", 0, ".mvcf", nullptr },
     { "helpOfImport", "import --help", 0, "--front", nullptr },
+    { "helpOfMapTellsDefaults", "map --help", 0, "=0.5", nullptr },
     { "helpOfDraw", "draw --help", 0, "OUT.png", nullptr },
     { "helpOfDiffTellsExitCodes", "diff --help", 0, "2 for trouble", nullptr },
     { "noCommand", "", 2, nullptr, "subcommand is required" },
@@ -92,6 +103,20 @@ const CommandCase commandCases[] = {
     { "validateFutureVersion", "validate {T}future.mvc", 1, nullptr, "INCORRECT_VERSION (version 99)" },
     { "validateAsJson", "validate --json {T}empty.mvc", 1,
       R"("kind":"character","version":-1,"result":"INVALID_FILE","messages":[)", nullptr },
+
+    { "infoOfMappings", "info --json {M}biped_mapping_v0.mvsm", 0,
+      R"("version":0,"bones":27,"height":1.86,"pelvis":"hips","parts":{"spines":1,"limbs":5,"effectors":6}})",
+      nullptr },
+    { "infoOfMappingAndCharacter", "info {M}biped_mapping_v8.mvsm.xml {S}hound.mvc", 0, "Hound", nullptr },
+    { "infoOfBadMapping", "info {T}short.mvsm", 1, nullptr, "short.mvsm: INCORRECT_VERSION" },
+    { "validateMappings", "validate {M}biped_mapping_v0.mvsm.xml", 0, "SUCCESS (version 0)", nullptr },
+    { "validateFutureMapping", "validate {T}future.mvsm", 1, nullptr, "INCORRECT_VERSION (version 9)" },
+    { "validateEmptyMapping", "validate --json {T}empty.mvsm.xml", 1,
+      R"("kind":"mapping","version":8,"result":"INCORRECT_VERSION")", nullptr },
+    { "convertMappingToCharacter", "convert {M}biped_mapping_v8.mvsm {T}out.mvc", 1, nullptr,
+      "a mapping alone" },
+    { "convertMappingIntoNoFolder", "convert {M}biped_mapping_v8.mvsm {T}none/out.mvsm", 1, nullptr,
+      "FILE_CREATION_FAILED" },
 
     { "convertMissing", "convert {T}missing.mvc {T}out.mvcf", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
     { "convertToOtherExtension", "convert {S}hound.mvc {T}out.xml", 1, nullptr, "out.xml: the extension" },
@@ -118,6 +143,22 @@ const CommandCase commandCases[] = {
     { "importUnknownFront", "import --front=up {T}good.csv {T}out.mvcf", 2, nullptr, "--front" },
     { "importLineEndsOfOtherSystems", "import {T}good.csv {T}out.mvcf", 0, nullptr, nullptr },
 
+    { "mapMissing", "map {T}missing.mvc {T}out.mvcf", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+    { "mapToOtherExtension", "map {S}hound.mvc {T}out.xml", 1, nullptr, "out.xml: the extension" },
+    { "mapWithoutNumber", "map {S}hound.mvc {T}out.mvc --refine=much", 2, nullptr, "--refine" },
+    { "mapPrintsWhatItFinds", "map {S}courier.mvc {T}out.mvc --min-bend 0", 0, "RightArm", nullptr },
+
+    { "ragdollMissing", "ragdoll {T}missing.mvc {T}out.mvc", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
+    { "ragdollListsBodies", "ragdoll {S}hound.mvc {T}out.mvcf", 0, "capsule", nullptr },
+    { "ragdollToOtherExtension", "ragdoll {S}hound.mvc {T}out.xml", 1, nullptr, "out.xml: the extension" },
+
+    { "drawPose", "draw {S}courier.mvc {T}out.png --ragdoll --pose {T}pose.csv", 0, nullptr, nullptr },
+    { "drawUnknownBone", "draw {S}hound.mvc {T}out.png --pose {T}unknownBone.csv", 1, nullptr,
+      "line 2: the skeleton has no such bone" },
+    { "drawNoTurn", "draw {S}courier.mvc {T}out.png --pose {T}noTurn.csv", 1, nullptr, "line 2: the quat" },
+    { "drawOtherTable", "draw {S}courier.mvc {T}out.png --pose {T}good.csv", 1, nullptr, "does not begin" },
+    { "drawMissingPose", "draw {S}courier.mvc {T}out.png --pose {T}missing.csv", 1, nullptr, "missing.csv" },
+
     { "drawMissing", "draw {T}missing.mvc {T}out.png", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
     { "drawIntoNoFolder", "draw {S}hound.mvc {T}none/out.png", 1, nullptr, "none/out.png: " },
 
@@ -132,8 +173,8 @@ std::vector<std::string> splitLine(const std::string& line, const TemporaryFolde
     std::istringstream stream(line);
     for (std::string word; stream >> word;)
     {
-        for (const auto& [mark, path] :
-             { std::pair("{T}", std::string(folder.path("").c_str())), std::pair("{S}", samples) })
+        for (const auto& [mark, path] : { std::pair("{T}", std::string(folder.path("").c_str())),
+                                          std::pair("{S}", samples), std::pair("{M}", mappings) })
             if (const size_t place = word.find(mark); place != std::string::npos)
                 word.replace(place, 3, path);
         words.push_back(word);
@@ -304,6 +345,66 @@ void expectDrawing(const std::string& file)
             showsPelvis || (pixels[3 * i] == 213 && pixels[3 * i + 1] == 94 && pixels[3 * i + 2] == 0);
     EXPECT_TRUE(showsPelvis) << file;
     std::free(pixels);
+}
+
+TEST(Host, mappingFilesOfTwoFormsAndOfACharacterAreOne)
+{
+    const TemporaryFolder folder;
+    const std::string xml = folder.path("m.mvsm.xml").c_str();
+    const std::string binary = folder.path("m.mvsm").c_str();
+    const std::string again = folder.path("n.mvsm.xml").c_str();
+    runWell({ "convert", samples + "courier.mvc", xml });
+    runWell({ "convert", xml, binary });
+    runWell({ "convert", binary, again });
+    EXPECT_EQ(readFile(xml), readFile(again));
+    EXPECT_FALSE(readFile(xml).empty());
+}
+
+TEST(Host, drawShowsBodiesAndPoses)
+{
+    const TemporaryFolder folder;
+    writeFiles(folder);
+    const std::string ragdoll = folder.path("r.mvc").c_str();
+    const std::string picture = folder.path("p.png").c_str();
+    runWell({ "ragdoll", samples + "courier.mvc", ragdoll });
+    std::set<std::string> pictures;
+    const std::vector<std::vector<std::string>> options = { {},
+                                                            { "--ragdoll" },
+                                                            { "--pose", folder.path("pose.csv").c_str() } };
+    for (std::vector<std::string> words : options)
+    {
+        words.insert(words.begin(), { "draw", ragdoll, picture });
+        runWell(words);
+        pictures.insert(readFile(picture));
+    }
+    EXPECT_EQ(pictures.size(), options.size()) << "an option that changes nothing";
+}
+
+TEST(Host, mapTwiceGivesWhatMapOnceGives)
+{
+    const TemporaryFolder folder;
+    const std::string once = folder.path("once.mvcf").c_str();
+    const std::string twice = folder.path("twice.mvcf").c_str();
+    for (const std::string name : { "courier", "hound" })
+    {
+        const std::string table = runWell({ "map", samples + name + ".mvc", once }).out;
+        EXPECT_EQ(runWell({ "map", once, twice }).out, table);
+        EXPECT_EQ(readFile(once), readFile(twice)) << name;
+    }
+}
+
+TEST(Host, mapLeavesAChainAlone)
+{
+    const TemporaryFolder folder;
+    folder.write("chain.csv", heading + "0,root,-1,0,0,1,0,0,0,1\n1,a,0,0,0,1,0,0,0,1\n");
+    const std::string chain = folder.path("chain.mvcf").c_str();
+    const std::string mapped = folder.path("mapped.mvcf").c_str();
+    runWell({ "import", folder.path("chain.csv").c_str(), chain });
+    const HostRun run = runHost({ "map", chain, mapped });
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(run.err.find("chain.mvcf: no branch"), std::string::npos) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(mapped));
 }
 
 TEST(Host, drawShowsThePelvis)
