@@ -1,14 +1,17 @@
 // hosts/mrvcharacter/main.cpp
 // The batch host: starts the library, runs one sub-command, stops the library.
 #include "hosts/mrvcharacter/mrvAboutCommand.h"
+#include "hosts/mrvcharacter/mrvChooseCommand.h"
 #include "hosts/mrvcharacter/mrvClassesCommand.h"
 #include "hosts/mrvcharacter/mrvConvertCommand.h"
 #include "hosts/mrvcharacter/mrvDiffCommand.h"
 #include "hosts/mrvcharacter/mrvDrawCommand.h"
 #include "hosts/mrvcharacter/mrvImportCommand.h"
 #include "hosts/mrvcharacter/mrvInfoCommand.h"
+#include "hosts/mrvcharacter/mrvListenCommand.h"
 #include "hosts/mrvcharacter/mrvMapCommand.h"
 #include "hosts/mrvcharacter/mrvRagdollCommand.h"
+#include "hosts/mrvcharacter/mrvRunOptions.h"
 #include "hosts/mrvcharacter/mrvValidateCommand.h"
 
 #include "mrvCore/mrvCore.h"
@@ -25,7 +28,7 @@ constexpr void (*addCommands[])(CLI::App&, int&) = {
     &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand, &mrvcharacter::addInfoCommand,
     &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand, &mrvcharacter::addImportCommand,
     &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand, &mrvcharacter::addDrawCommand,
-    &mrvcharacter::addDiffCommand,
+    &mrvcharacter::addDiffCommand,     &mrvcharacter::addChooseCommand,  &mrvcharacter::addListenCommand,
 };
 
 int runCommandLine(int argc, char** argv)
@@ -36,6 +39,9 @@ int runCommandLine(int argc, char** argv)
     int exitCode = 0;
     for (const auto addCommand : addCommands)
         addCommand(app, exitCode);
+    for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+        if (command->get_name() != "listen")
+            mrvcharacter::addEventsOption(*command);
 
     try
     {
@@ -60,6 +66,7 @@ int main(int argc, char** argv)
 {
     mrv::initCore();
     const int exitCode = runCommandLine(argc, argv);
+    mrvcharacter::flushEvents();
     mrv::finishCore(true);
     return exitCode;
 }

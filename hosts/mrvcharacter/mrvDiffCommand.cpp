@@ -5,8 +5,6 @@
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvJson.h"
 
-#include "mrvCore/animation/mrvMaravoCharacter.h"
-
 #include <CLI/App.hpp>
 
 #include <iostream>
@@ -94,10 +92,10 @@ ExitCode printDifferences(const Options& options)
     const std::string* const files[2] = { &options.a, &options.b };
     for (int i = 0; i < 2; ++i)
     {
-        const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-        if (!loadCharacter(*files[i], *character))
+        const LoadedFile loaded = loadCharacter(*files[i]);
+        if (!reportFailure(loaded))
             return TROUBLE;
-        facts[i] = listFacts(*character);
+        facts[i] = listFacts(*loaded.character);
     }
     const std::vector<Difference> differences = compare(facts[0], facts[1]);
     options.asJson ? printAsJson(options, differences) : print(differences);

@@ -4,6 +4,7 @@
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvPicture.h"
 #include "hosts/mrvcharacter/mrvPoseFile.h"
+#include "hosts/mrvcharacter/mrvRunOptions.h"
 #include "hosts/mrvcharacter/mrvSkeletonDrawing.h"
 
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
@@ -14,6 +15,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace mrvcharacter {
 
@@ -21,18 +23,16 @@ namespace {
 
 struct Options
 {
-    std::string source;
-    std::string target;
+    std::vector<std::string> files; ///< the target last
     std::string pose;
     bool withBodies = false;
 };
 
-bool draw(const Options& options)
+bool drawOne(const Options& options, const LoadedFile& loaded, const std::string& target)
 {
-    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-    if (!loadCharacter(options.source, *character))
+    if (!reportFailure(loaded))
         return false;
-    const auto& skeleton = *character->getConverterMapping().getSkeletonDescription();
+    const auto& skeleton = *loaded.character->getConverterMapping().getSkeletonDescription();
     mrv::SpecificPosture posture;
     std::string failure;
     if (options.pose.empty())
@@ -43,11 +43,26 @@ bool draw(const Options& options)
         return false;
     }
     Picture picture(1800, 960, { 1.0, 1.0, 1.0 });
-    drawSkeleton(picture, *character, posture, options.withBodies);
-    const bool isWritten = picture.write(options.target, failure);
+    drawSkeleton(picture, *loaded.character, posture, options.withBodies);
+    const bool isWritten = picture.write(target, failure);
     if (!isWritten)
-        reportError(options.target, failure);
+        reportError(target, failure);
     return isWritten;
+}
+
+bool draw(const Options& options)
+{
+    const std::vector<std::string> sources(options.files.begin(), options.files.end() - 1);
+    const std::vector<std::string> targets =
+        getTargets(sources, options.files.back(), [](const std::string&) { return ".png"; });
+    size_t index = 0;
+    bool isAllDone = true;
+    forEachCharacter(sources, [&](const LoadedFile& loaded) {
+        const std::string& target = targets[index++];
+        const bool isDone = !target.empty() && drawOne(options, loaded, target);
+        isAllDone = isAllDone && isDone;
+    });
+    return isAllDone;
 }
 
 } // namespace
@@ -61,11 +76,16 @@ void addDrawCommand(CLI::App& app, int& exitCode)
         "the skeleton. A pose is a table of one bone a row under the heading bone,qx,qy,qz,qw: its name or\n"
         "index, and its orientation relative to that of the bind pose.");
     const auto options = std::make_shared<Options>();
-    command->add_option("FILE", options->source, "Character file")->required();
-    command->add_option("OUT.png", options->target, "The picture")->required();
+    command
+        ->add_option("FILES", options->files,
+                     "Character files, then OUT.png for the picture; or, for any number of files, a folder")
+        ->required()
+        ->expected(-2)
+        ->option_text("FILE... OUT");
     command->add_option("--pose", options->pose, "Table of orientations (by default the bind pose)");
     command->add_flag("--ragdoll", options->withBodies,
                       "The outlines of the rigid bodies; one without offsets lies along its bone");
+    addThreadsOption(*command);
     command->callback([options, &exitCode] { exitCode = draw(*options) ? 0 : 1; });
 }
 

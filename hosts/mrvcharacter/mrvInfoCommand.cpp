@@ -3,8 +3,7 @@
 
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvJson.h"
-#include "hosts/mrvcharacter/mrvMappingFiles.h"
-#include "hosts/mrvcharacter/mrvProgressCounter.h"
+#include "hosts/mrvcharacter/mrvRunOptions.h"
 #include "hosts/mrvcharacter/mrvTextTable.h"
 #include "hosts/mrvcharacter/mrvUprightPose.h"
 
@@ -155,35 +154,18 @@ void printTable(const std::vector<Json>& summaries)
     table.print(std::cout);
 }
 
-/// False for a file that cannot be read, which is told.
-bool addSummary(const std::string& file, ProgressCounter& progress, std::vector<Json>& summaries)
-{
-    if (isMappingFile(file))
-    {
-        mrv::GenericSpecificConverterMappingV8 mapping;
-        int version = -1;
-        if (!loadMapping(file, mapping, version, &progress))
-            return false;
-        summaries.push_back(summarize(file, version, mapping));
-        return true;
-    }
-    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-    if (!loadCharacter(file, *character, &progress))
-        return false;
-    summaries.push_back(summarize(file, *character));
-    return true;
-}
-
 bool printInfo(const Options& options)
 {
     std::vector<Json> summaries;
-    ProgressCounter progress(options.files.size());
-    for (const std::string& file : options.files)
-    {
-        progress.next(file);
-        if (addSummary(file, progress, summaries) && options.asJson)
+    forEachFile(options.files, [&](const LoadedFile& loaded) {
+        if (!reportFailure(loaded))
+            return;
+        summaries.push_back(loaded.mapping != nullptr
+                                ? summarize(loaded.file, loaded.version, *loaded.mapping)
+                                : summarize(loaded.file, *loaded.character));
+        if (options.asJson)
             std::cout << toLine(summaries.back());
-    }
+    });
     if (!options.asJson && !summaries.empty())
         printTable(summaries);
     return summaries.size() == options.files.size();
@@ -200,6 +182,7 @@ void addInfoCommand(CLI::App& app, int& exitCode)
     const auto options = std::make_shared<Options>();
     command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
+    addThreadsOption(*command);
     command->callback([options, &exitCode] { exitCode = printInfo(*options) ? 0 : 1; });
 }
 

@@ -2,6 +2,7 @@
 #include "hosts/mrvcharacter/mrvMapCommand.h"
 
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
+#include "hosts/mrvcharacter/mrvMappingFiles.h"
 #include "hosts/mrvcharacter/mrvMappingTable.h"
 
 #include "mrvCore/animation/mrvMaravoCharacter.h"
@@ -28,30 +29,13 @@ struct Options
     float minBendDegrees = 5.0f;
 };
 
-bool endsWith(const std::string& text, const std::string& end)
-{
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
-bool save(const std::string& file, mrv::MaravoCharacterV24& character)
-{
-    const Mapping& mapping = character.getConverterMapping();
-    const bool isXml = endsWith(file, ".mvsm.xml");
-    if (!isXml && !endsWith(file, ".mvsm"))
-        return saveCharacter(file, character);
-    const auto result = isXml ? mapping.saveMappingXML(file.c_str()) : mapping.saveMapping(file.c_str());
-    if (result == mrv::SaveSkeletonMappingErrorCode::SUCCESS)
-        return true;
-    reportError(file, "FILE_CREATION_FAILED");
-    return false;
-}
-
 bool map(const Options& options)
 {
-    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-    if (!loadCharacter(options.source, *character))
+    const LoadedFile loaded = loadCharacter(options.source);
+    if (!reportFailure(loaded))
         return false;
-    Mapping mapping = character->getConverterMapping();
+    mrv::MaravoCharacterV24& character = *loaded.character;
+    Mapping mapping = character.getConverterMapping();
     // Mapping twice must give what mapping once gives.
     mapping.clearMappingPart();
     mapping.touchIkExcludedBones().clear();
@@ -61,11 +45,12 @@ bool map(const Options& options)
         reportError(options.source, "no branch of the skeleton has a twin of the same shape");
         return false;
     }
-    character->setConverterMapping(mapping);
-    if (!save(options.target, *character))
-        return false;
-    printMapping(mapping, std::cout);
-    return true;
+    character.setConverterMapping(mapping);
+    const bool isSaved = isMappingFile(options.target) ? saveMapping(options.target, mapping)
+                                                       : saveCharacter(options.target, character);
+    if (isSaved)
+        printMapping(mapping, std::cout);
+    return isSaved;
 }
 
 } // namespace

@@ -3,8 +3,6 @@
 
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvErrorCodeNames.h"
-#include "hosts/mrvcharacter/mrvLogMessages.h"
-#include "hosts/mrvcharacter/mrvProgressCounter.h"
 
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/system/dataItem/mrvDataItem.h"
@@ -60,20 +58,6 @@ Load::Value readMapping(const std::string& file, mrv::GenericSpecificConverterMa
     if (result == Load::SUCCESS)
         mapping.touchSkeletonDescription()->initSortedBones();
     return result;
-}
-
-bool loadMapping(const std::string& file, mrv::GenericSpecificConverterMappingV8& mapping, int& version,
-                 ProgressCounter* progress)
-{
-    const LogMessages messages;
-    const Load::Value result = readMapping(file, mapping, version);
-    if (progress != nullptr)
-        progress->clear();
-    for (const std::string& message : messages.get())
-        reportError(file, message);
-    if (result != Load::SUCCESS)
-        reportError(file, getLoadSkeletonMappingErrorCodeName(result));
-    return result == Load::SUCCESS;
 }
 
 bool saveMapping(const std::string& file, const mrv::GenericSpecificConverterMappingV8& mapping)

@@ -8,8 +8,6 @@
 
 namespace mrvcharacter {
 
-class ProgressCounter;
-
 /// True for the names that mapping files have: ".mvsm" is the binary form and ".mvsm.xml" is XML.
 bool isMappingFile(const std::string& file);
 
@@ -17,10 +15,6 @@ bool isMappingFile(const std::string& file);
 /// not be told. What the library says goes to its log.
 mrv::LoadSkeletonMappingErrorCode::Value
 readMapping(const std::string& file, mrv::GenericSpecificConverterMappingV8& mapping, int& version);
-
-/// As readMapping(), but tells the user what is wrong, and clears `progress` before that. False on failure.
-bool loadMapping(const std::string& file, mrv::GenericSpecificConverterMappingV8& mapping, int& version,
-                 ProgressCounter* progress = nullptr);
 
 /// The form follows the name, which must be that of a mapping file. False, and told, if it is not written.
 bool saveMapping(const std::string& file, const mrv::GenericSpecificConverterMappingV8& mapping);

@@ -67,10 +67,10 @@ void printBodies(const Mapping& mapping)
 
 bool configure(const std::string& source, const std::string& target)
 {
-    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-    if (!loadCharacter(source, *character))
+    const LoadedFile loaded = loadCharacter(source);
+    if (!reportFailure(loaded))
         return false;
-    Mapping& mapping = character->_converterMapping;
+    Mapping& mapping = loaded.character->_converterMapping;
     if (mapping.getLimbBonesSize() == 0 && mapping.getSpineBonesSize() == 0)
     {
         reportError(source, "the character has no limb and no spine: map it first");
@@ -78,7 +78,7 @@ bool configure(const std::string& source, const std::string& target)
     }
     mapping.touchBoneConfigurations().resize(mapping.getSkeletonDescription()->getBones().size());
     mapping.autoConfigureRagdoll(true);
-    if (!saveCharacter(target, *character))
+    if (!saveCharacter(target, *loaded.character))
         return false;
     printBodies(mapping);
     return true;

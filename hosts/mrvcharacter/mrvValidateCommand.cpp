@@ -1,13 +1,10 @@
 // hosts/mrvcharacter/mrvValidateCommand.cpp
 #include "hosts/mrvcharacter/mrvValidateCommand.h"
 
-#include "hosts/mrvcharacter/mrvErrorCodeNames.h"
+#include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvJson.h"
-#include "hosts/mrvcharacter/mrvLogMessages.h"
 #include "hosts/mrvcharacter/mrvMappingFiles.h"
-#include "hosts/mrvcharacter/mrvProgressCounter.h"
-
-#include "mrvCore/animation/mrvMaravoCharacter.h"
+#include "hosts/mrvcharacter/mrvRunOptions.h"
 
 #include <CLI/App.hpp>
 
@@ -26,74 +23,33 @@ struct Options
     bool asJson = false;
 };
 
-struct Verdict
+void printVerdict(const LoadedFile& loaded)
 {
-    std::string file;
-    const char* kind;
-    int version;
-    const char* result; ///< name of the error code
-    std::vector<std::string> messages;
-    bool isGood;
-};
-
-Verdict validateCharacter(const std::string& file)
-{
-    const LogMessages messages;
-    const auto character = std::make_unique<mrv::MaravoCharacterV24>();
-    // Of a file that is not even opened nothing is known.
-    character->_fileVersion = -1;
-    const mrv::LoadCharacterFileErrorCode::Value result = character->loadCharacterFile(file, false);
-    return { file,
-             "character",
-             character->_fileVersion,
-             getLoadCharacterFileErrorCodeName(result),
-             messages.get(),
-             result == mrv::LoadCharacterFileErrorCode::SUCCESS };
-}
-
-Verdict validateMapping(const std::string& file)
-{
-    const LogMessages messages;
-    mrv::GenericSpecificConverterMappingV8 mapping;
-    int version = -1;
-    const mrv::LoadSkeletonMappingErrorCode::Value result = readMapping(file, mapping, version);
-    return { file,           "mapping",
-             version,        getLoadSkeletonMappingErrorCodeName(result),
-             messages.get(), result == mrv::LoadSkeletonMappingErrorCode::SUCCESS };
-}
-
-void printVerdict(const Verdict& verdict)
-{
-    std::ostream& stream = verdict.isGood ? std::cout : std::cerr;
-    stream << verdict.file << ": " << verdict.result;
-    if (verdict.version >= 0)
-        stream << " (version " << verdict.version << ')';
+    std::ostream& stream = loaded.isGood() ? std::cout : std::cerr;
+    stream << loaded.file << ": " << loaded.result;
+    if (loaded.version >= 0)
+        stream << " (version " << loaded.version << ')';
     stream << '\n';
-    for (const std::string& message : verdict.messages)
+    for (const std::string& message : loaded.messages)
         stream << "    " << message << '\n';
 }
 
-void printVerdictAsJson(const Verdict& verdict)
+void printVerdictAsJson(const LoadedFile& loaded)
 {
-    std::cout << toLine({ { "file", verdict.file },
-                          { "kind", verdict.kind },
-                          { "version", verdict.version },
-                          { "result", verdict.result },
-                          { "messages", verdict.messages } });
+    std::cout << toLine({ { "file", loaded.file },
+                          { "kind", isMappingFile(loaded.file) ? "mapping" : "character" },
+                          { "version", loaded.version },
+                          { "result", loaded.result },
+                          { "messages", loaded.messages } });
 }
 
 bool validate(const Options& options)
 {
     bool isAllGood = true;
-    ProgressCounter progress(options.files.size());
-    for (const std::string& file : options.files)
-    {
-        progress.next(file);
-        const Verdict verdict = isMappingFile(file) ? validateMapping(file) : validateCharacter(file);
-        progress.clear();
-        options.asJson ? printVerdictAsJson(verdict) : printVerdict(verdict);
-        isAllGood = isAllGood && verdict.isGood;
-    }
+    forEachFile(options.files, [&](const LoadedFile& loaded) {
+        options.asJson ? printVerdictAsJson(loaded) : printVerdict(loaded);
+        isAllGood = isAllGood && loaded.isGood();
+    });
     return isAllGood;
 }
 
@@ -107,6 +63,7 @@ void addValidateCommand(CLI::App& app, int& exitCode)
     const auto options = std::make_shared<Options>();
     command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
+    addThreadsOption(*command);
     command->callback([options, &exitCode] { exitCode = validate(*options) ? 0 : 1; });
 }
 

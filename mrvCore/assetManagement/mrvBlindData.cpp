@@ -1,7 +1,7 @@
 // mrvCore/assetManagement/mrvBlindData.cpp
 #include "mrvCore/assetManagement/mrvBlindData.h"
 
-#include "mrvCore/math/rotations/mrvQuaternion.h"
+#include "mrvCore/math/interpolations/mrvInterpolation.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
 #include "mrvCore/system/serialization/mrvPersistentAttributes.h"
 
@@ -49,13 +49,6 @@ void setRotation(float* record, const Quaternion& rotation)
     record[5] = rotation.y;
     record[6] = rotation.z;
     record[7] = rotation.w;
-}
-
-// Normalised linear interpolation on the short arc; t is not limited.
-Quaternion interpolateShortArc(const Quaternion& a, const Quaternion& b, float t)
-{
-    const Quaternion near = Quaternion::dotProduct(a, b) < 0.0f ? -b : b;
-    return ((1.0f - t) * a + t * near).computeNormalize();
 }
 
 } // namespace
@@ -150,7 +143,9 @@ void BlindDataV1::specificAnimationBlindDataBlend(PODArray<float>& values, size_
     }
     for (size_t i = 0; i < rotationPlace; ++i)
         record[i] = (otherRecord[i] - record[i]) * factor + record[i];
-    setRotation(record, interpolateShortArc(rotationOf(record), rotationOf(otherRecord), factor));
+    Quaternion rotation;
+    interpolate_noFactorRangeCheck(rotation, rotationOf(record), rotationOf(otherRecord), factor);
+    setRotation(record, rotation);
 }
 
 } // namespace mrv

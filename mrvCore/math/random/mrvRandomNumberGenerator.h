@@ -5,6 +5,7 @@
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/genericPatterns/mrvReferenceCounter.h"
 #include "mrvCore/system/genericPatterns/mrvSingleton.h"
+#include "mrvCore/system/genericPatterns/mrvSmartPointer.h"
 
 #include <cstdint>
 
@@ -16,6 +17,8 @@ namespace mrv {
 class MRV_CORE_API RandomNumberGenerator : public ReferenceCounter
 {
 public:
+    using SP = SmartPointer<RandomNumberGenerator>;
+
     static constexpr int _mtLength = 624;
 
     explicit RandomNumberGenerator(uint32_t seed = 0);

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -15,6 +16,10 @@
 #include <iterator>
 #include <set>
 #include <sstream>
+#include <thread>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
 
 namespace mrv {
 
@@ -161,6 +166,29 @@ const CommandCase commandCases[] = {
 
     { "drawMissing", "draw {T}missing.mvc {T}out.png", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
     { "drawIntoNoFolder", "draw {S}hound.mvc {T}none/out.png", 1, nullptr, "none/out.png: " },
+
+    { "infoOnOneThread", "info --threads 1 {T}none {S}courier.mvc", 1, "Courier", "none: FILE_NOT_FOUND" },
+    { "infoOnTooManyThreads", "info --threads 1000 {S}courier.mvc", 0, "Courier", "--threads: " },
+    { "infoOnNoThread", "info --threads 0 {S}courier.mvc", 2, nullptr, "--threads" },
+    { "infoOfNamesThatListsCut", "info {T}a;b.mvc ; {S}hound.mvc", 1, "Hound", "a;b.mvc: FILE_NOT_FOUND" },
+    { "validateManyInTheirOrder", "validate {S}hound.mvc {T}empty.mvc {T} {S}courier.mvc", 1,
+      "courier.mvc: SUCCESS", "empty.mvc: INVALID_FILE" },
+    { "convertManyIntoAFolder", "convert {S}hound.mvc {T}empty.mvc {S}courier.mvc {T}", 1, nullptr,
+      "empty.mvc: INVALID_FILE" },
+    { "convertManyIntoOneFile", "convert {S}hound.mvc {S}courier.mvc {T}out.mvc", 1, nullptr,
+      "no such folder" },
+    { "convertTwoIntoOneName", "convert {S}hound.mvc {S}hound.mvcf {T}", 1, nullptr, "becomes hound.mvcf" },
+    { "drawManyIntoAFolder", "draw {S}hound.mvc {S}courier.mvc {T}", 0, nullptr, nullptr },
+    { "eventsWithoutPort", "info --events 127.0.0.1 {S}hound.mvc", 2, nullptr, "--events" },
+    { "eventsToPortZero", "info --events 127.0.0.1:0 {S}hound.mvc", 2, nullptr, "--events" },
+    { "eventsToNobody", "info --events localhost:1 {S}hound.mvc", 0, "Hound", "no event server answers" },
+
+    { "chooseNothing", "choose {S}courier.mvc --count 0 --seed 1", 0, "entity,group", "Share" },
+    { "chooseOfMissing", "choose {T}none --count 5 --seed 1", 1, nullptr, "none: FILE_NOT_FOUND" },
+    { "chooseNegative", "choose {S}courier.mvc --count -5 --seed 1", 2, nullptr, "--count" },
+    { "chooseTooMany", "choose {S}courier.mvc --count 1e12 --seed 1", 2, nullptr, "--count" },
+    { "chooseOfUnknownType", "choose {S}courier.mvc --count 5 --seed 1 --rendering-type none", 1, nullptr,
+      "no rendering type none" },
 
     { "diffOfTwoForms", "diff {S}courier.mvc {S}courier.mvcf", 0, nullptr, nullptr },
     { "diffOfDifferent", "diff {S}courier.mvc {S}hound.mvc", 1, R"(name: "Courier" -> "Hound")", nullptr },
@@ -476,6 +504,96 @@ TEST(Host, rigsOfOthersComeInWhole)
             }
     }
     EXPECT_GT(originals, 0);
+}
+
+std::vector<std::string> splitLines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST(Host, chooseGivesTheSameSharesForEverySeed)
+{
+    const auto chooseWith = [](const char* seed, const char* count = "900") {
+        return runWell({ "choose", samples + "courier.mvc", "--count", count, "--seed", seed });
+    };
+    const HostRun first = chooseWith("1"), again = chooseWith("1"), other = chooseWith("2");
+    EXPECT_EQ(first.out, again.out);
+    EXPECT_NE(first.out, other.out);
+    EXPECT_EQ(first.err, other.err); // the counts follow from the weights alone
+    EXPECT_EQ(splitLines(first.out).size() - 1, 3 * 900u);
+}
+
+/// Runs the event server while `send` has its port, and gives what it printed.
+template <class Send>
+HostRun listenWhile(Send send)
+{
+    // A port that was free just now.
+    const int probe = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    EXPECT_EQ(bind(probe, reinterpret_cast<sockaddr*>(&address), size), 0);
+    EXPECT_EQ(getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    close(probe);
+
+    HostRun run;
+    const std::string port = std::to_string(ntohs(address.sin_port));
+    std::thread server([&] { run = runHost({ "listen", "--once", "--port", port }); });
+    int connection = -1;
+    for (int i = 0; i < 500 && connection < 0; ++i)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        connection = socket(AF_INET, SOCK_STREAM, 0);
+        if (connect(connection, reinterpret_cast<sockaddr*>(&address), size) == 0)
+            break;
+        close(connection);
+        connection = -1;
+    }
+    EXPECT_GE(connection, 0);
+    send(connection, port); // the server ends with the connection
+    close(connection);
+    server.join();
+    EXPECT_EQ(run.exitCode, 0);
+    return run;
+}
+
+TEST(Host, listenPrintsWhatAnotherRunSends)
+{
+    const HostRun run = listenWhile([](int, const std::string& port) {
+        runWell({ "info", "--events", "127.0.0.1:" + port, samples + "hound.mvc", samples + "courier.mvc" });
+    });
+    for (const char* span : { "\thound\n", "\tcourier\n", "\tloadCharacters\n" })
+        EXPECT_NE(run.out.find(span), std::string::npos) << run.out;
+}
+
+TEST(Host, listenPassesOverWhatIsNoEvent)
+{
+    const auto event = [](const std::string& name, const char* date, const char* rest) {
+        return "{\"type\":0,\"threadID\":7,\"date\":" + std::string(date) + ",\"name\":\"" + name +
+               "\",\"timeID\":1.5e+06,\"integerID\":3," + rest + "}";
+    };
+    const char* const begin = "\"value\":0,\"unit\":8,\"flag\":0";
+    const char* const end = "\"value\":0,\"unit\":8,\"flag\":1";
+    const std::string stream = "{ }}x{ }" + event("a\"}{", "1000000", begin) + "{\"type\":0,\"flag\":0}{ }" +
+                               event("b\n", "5", "\"value\":-2.5,\"unit\":4,\"flag\":-1") +
+                               event("a\"}{", "3500000", end) + event("never begun", "9", end) +
+                               std::string(200000, '{') +
+                               event("c", "5", "\"value\":3,\"unit\":7,\"flag\":0") + "{\"type\":";
+    const HostRun run = listenWhile([&](int connection, const std::string&) {
+        for (size_t sent = 0; sent < stream.size(); sent += 7)
+        {
+            const size_t count = std::min<size_t>(7, stream.size() - sent);
+            EXPECT_EQ(send(connection, stream.data() + sent, count, MSG_NOSIGNAL), ssize_t(count));
+        }
+    });
+    EXPECT_EQ(run.out, "counter         -2.5 B\tb?\n"
+                       "span           2.500 ms\ta\"}{\n"
+                       "counter            3 \tc\n");
 }
 
 } // namespace
