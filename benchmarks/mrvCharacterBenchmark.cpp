@@ -100,24 +100,30 @@ void addPeers(const fs::path& folder, const std::string& caseName)
     });
 }
 
-/// One character as every version held it: what the steps to the current one cost.
+void addLoad(const std::string& caseName, const std::string& path)
+{
+    add("character/mrvCore/" + caseName, [=](State& state) {
+        for (auto _ : state)
+        {
+            mrv::MaravoCharacterV24 loaded;
+            if (loaded.loadCharacterFile(path.c_str(), false) != mrv::LoadCharacterFileErrorCode::SUCCESS)
+                state.SkipWithError("not loaded");
+        }
+        time(state);
+    });
+}
+
+/// What the steps to the current version cost: one character as several versions held it, and a small one of
+/// each old version.
 void addVersions(const char* extension)
 {
+    const std::string folder = MRV_STORED_CHARACTERS;
+    const std::string caseName = std::string(extension + 1) + "_load_of_";
     for (const char* version : { "0", "4", "5", "12", "20", "23", "24" })
-    {
-        const std::string path = std::string(MRV_STORED_CHARACTERS "/biped_v") + version + extension;
-        add(std::string("character/mrvCore/") + (extension + 1) + "_load_of_version_" + version,
-            [=](State& state) {
-                for (auto _ : state)
-                {
-                    mrv::MaravoCharacterV24 loaded;
-                    if (loaded.loadCharacterFile(path.c_str(), false) !=
-                        mrv::LoadCharacterFileErrorCode::SUCCESS)
-                        state.SkipWithError("not loaded");
-                }
-                time(state);
-            });
-    }
+        addLoad(caseName + "version_" + version, folder + "/characters/biped_v" + version + extension);
+    for (int version = 0; version < MRV_MVC_VERSION; ++version)
+        addLoad(caseName + "small_version_" + std::to_string(version),
+                folder + "/versions/character_v" + std::to_string(version) + extension);
 }
 
 } // namespace
