@@ -21,7 +21,8 @@ command -v npm >/dev/null || packages+=(npm)
 for group in "$@"; do
     case $group in
         ci) packages+=(clang-format-14) ;;
-        benchmarks) packages+=(libspdlog-dev libglm-dev libeigen3-dev libcereal-dev libtbb-dev) ;;
+        benchmarks) packages+=(libspdlog-dev libglm-dev libeigen3-dev libcereal-dev libtbb-dev
+            libcgal-dev libembree-dev libboost-dev) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
         *) echo "unknown group: $group" >&2; exit 2 ;;
     esac

@@ -10,8 +10,10 @@
 #include "hosts/mrvcharacter/mrvInfoCommand.h"
 #include "hosts/mrvcharacter/mrvListenCommand.h"
 #include "hosts/mrvcharacter/mrvMapCommand.h"
+#include "hosts/mrvcharacter/mrvPinCommand.h"
 #include "hosts/mrvcharacter/mrvRagdollCommand.h"
 #include "hosts/mrvcharacter/mrvRunOptions.h"
+#include "hosts/mrvcharacter/mrvTriangulateCommand.h"
 #include "hosts/mrvcharacter/mrvValidateCommand.h"
 
 #include "mrvCore/mrvCore.h"
@@ -25,10 +27,11 @@ namespace {
 
 // In the order in which --help lists them.
 constexpr void (*addCommands[])(CLI::App&, int&) = {
-    &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand, &mrvcharacter::addInfoCommand,
-    &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand, &mrvcharacter::addImportCommand,
-    &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand, &mrvcharacter::addDrawCommand,
-    &mrvcharacter::addDiffCommand,     &mrvcharacter::addChooseCommand,  &mrvcharacter::addListenCommand,
+    &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand,     &mrvcharacter::addInfoCommand,
+    &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand,     &mrvcharacter::addImportCommand,
+    &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand,     &mrvcharacter::addDrawCommand,
+    &mrvcharacter::addDiffCommand,     &mrvcharacter::addChooseCommand,      &mrvcharacter::addListenCommand,
+    &mrvcharacter::addPinCommand,      &mrvcharacter::addTriangulateCommand,
 };
 
 int runCommandLine(int argc, char** argv)

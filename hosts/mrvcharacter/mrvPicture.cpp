@@ -92,6 +92,20 @@ Picture::~Picture()
     cairo_surface_destroy(_canvas->surface);
 }
 
+void Picture::setPixel(int x, int y, const Colour& colour)
+{
+    cairo_surface_flush(_canvas->surface);
+    unsigned char* const pixels = cairo_image_surface_get_data(_canvas->surface);
+    if (pixels == nullptr) // write() will tell
+        return;
+    const auto byteOf = [](double share) { return static_cast<uint32_t>(share * 255.0 + 0.5); };
+    const uint32_t pixel = byteOf(colour.red) << 16 | byteOf(colour.green) << 8 | byteOf(colour.blue);
+    const size_t stride = static_cast<size_t>(cairo_image_surface_get_stride(_canvas->surface));
+    std::memcpy(pixels + static_cast<size_t>(y) * stride + static_cast<size_t>(x) * sizeof(pixel), &pixel,
+                sizeof(pixel));
+    cairo_surface_mark_dirty_rectangle(_canvas->surface, x, y, 1, 1);
+}
+
 void Picture::fillBox(Point corner, double width, double height, double radius, const Colour& colour)
 {
     cairo_t* context = _canvas->context;

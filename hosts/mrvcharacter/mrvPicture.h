@@ -44,6 +44,8 @@ public:
     int getWidth() const { return _width; }
     int getHeight() const { return _height; }
 
+    /// Exactly this pixel, which must be in the picture.
+    void setPixel(int x, int y, const Colour& colour);
     void fillBox(Point corner, double width, double height, double radius, const Colour& colour);
     /// With round ends.
     void drawLine(Point from, Point to, double width, const Colour& colour);

@@ -1,10 +1,20 @@
 // mrvCore/math/geometry3/mrvFastBoundingBox.cpp
 #include "mrvCore/math/geometry3/mrvFastBoundingBox.h"
 
+#include "mrvCore/math/geometry3/mrvClassifiedRay3.h"
+#include "mrvCore/math/geometry3/mrvRayBoxSlopes.h"
+
 #include <cmath>
 #include <limits>
 
 namespace mrv {
+
+namespace {
+
+// A ray that starts this close to the box counts as starting in it.
+constexpr float sourceTolerance = 0.001f;
+
+} // namespace
 
 void FastBoundingBox::clear()
 {
@@ -72,6 +82,25 @@ float FastBoundingBox::distance2(const FastBoundingBox& a, const FastBoundingBox
             sum += gap * gap;
     }
     return sum;
+}
+
+bool FastBoundingBox::intersect(const ClassifiedRay3& ray) const
+{
+    settle();
+    if (_empty)
+        return false;
+    return contains(ray.getSource(), sourceTolerance) || internal::intersectsBox(ray, _min, _max);
+}
+
+bool FastBoundingBox::intersect(const ClassifiedRay3& ray, float& t) const
+{
+    settle();
+    if (_empty)
+        return false;
+    if (!contains(ray.getSource(), sourceTolerance))
+        return internal::intersectsBox(ray, _min, _max, t);
+    t = 0.0f;
+    return true;
 }
 
 } // namespace mrv

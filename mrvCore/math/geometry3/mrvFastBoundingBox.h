@@ -7,11 +7,13 @@
 
 namespace mrv {
 
+class ClassifiedRay3;
+
 /// Two corners and a flag, without a virtual table. An empty box has its corners crossed over, so that
 /// growing and joining need no branch for it.
 ///
-/// `_empty` is a hint that growing does not touch: while it is set the corners decide. operator+ and
-/// distance2() clear it in a box that is not empty, also in a const one.
+/// `_empty` is a hint that growing does not touch: while it is set the corners decide. operator+,
+/// distance2() and intersect() clear it in a box that is not empty, also in a const one.
 /// Threads: a box may be shared for reading once its hint is settled.
 class MRV_CORE_API FastBoundingBox
 {
@@ -48,6 +50,11 @@ public:
     /// Square of the distance between the boxes, 0 where they meet; an empty one counts as a point at the
     /// origin. Symmetric.
     static float distance2(const FastBoundingBox& a, const FastBoundingBox& b);
+
+    /// True if the ray meets the box, or starts in it or less than 0.001 outside.
+    bool intersect(const ClassifiedRay3& ray) const;
+    /// The same with the parameter where the ray enters, 0 for a start inside.
+    bool intersect(const ClassifiedRay3& ray, float& t) const;
 
     Vector3 _min;
     Vector3 _max;

@@ -68,6 +68,20 @@ void writeFiles(const TemporaryFolder& folder)
     folder.write("pose.csv", poseHeading + "hips,0,0,1,0\n3,0.5,0,0,0.5\n");
     folder.write("unknownBone.csv", poseHeading + "tail,0,0,0,1\n");
     folder.write("noTurn.csv", poseHeading + "hips,0,0,0,0\n");
+    folder.write("points.csv", "x,y\r\n0,0\r\n 4 ,0\r\n0,4\r\n0,0\r\n\r\n");
+    folder.write("bare.csv", "-1,-1\n1e1,0\n0,4");
+    folder.write("xOnly.csv", "x,y\n1\n");
+    folder.write("threeValues.csv", "x,y\n1,2,3\n");
+    folder.write("words.csv", "x,y\n1,2\n3,four\n");
+    folder.write("infinite.csv", "0,0\n1,inf\n0,1\n");
+    folder.write("beyondFloat.csv", "0,0\n1,1e39\n0,1\n");
+    folder.write("gap.csv", "0,0\n\n0,1\n");
+    folder.write("line.csv", "0,0\n1,1\n2,2\n");
+    folder.write("onePlace.csv", "3,3\n3,3\n");
+    folder.write("ground.obj", "v 0 0 1\nv 8 0 1\nv 8 8 1\nv 0 8 1\nf 1 2 3 4\n");
+    folder.write("lines.obj", "v 0 0 1\nv 8 0 1\nl 1 2\n");
+    folder.write("noNumber.obj", "v 0 0 1\nv 8 0 nan\nv 8 8 1\nf 1 2 3\n");
+    folder.write("positions.csv", "x,y,z\n2,1,5\n 1 ,2,-3\n9,9,4\n");
     folder.write("good.csv", heading + "0,root,-1,0,0,1,0,0,0,1\r\n1,a,0,0,0,0.5,0,0,0,2\r\n\r\n");
 }
 
@@ -163,6 +177,35 @@ const CommandCase commandCases[] = {
     { "drawNoTurn", "draw {S}courier.mvc {T}out.png --pose {T}noTurn.csv", 1, nullptr, "line 2: the quat" },
     { "drawOtherTable", "draw {S}courier.mvc {T}out.png --pose {T}good.csv", 1, nullptr, "does not begin" },
     { "drawMissingPose", "draw {S}courier.mvc {T}out.png --pose {T}missing.csv", 1, nullptr, "missing.csv" },
+    { "triangulate", "triangulate {T}points.csv {T}out.csv --png {T}out.png", 0, nullptr, nullptr },
+    { "triangulateWithoutHeading", "triangulate {T}bare.csv {T}out.csv", 0, nullptr, nullptr },
+    { "helpOfTriangulate", "triangulate --help", 0, "i,j,k", nullptr },
+    { "triangulateMissing", "triangulate {T}missing.csv {T}out.csv", 1, nullptr, "cannot be read" },
+    { "triangulateFolder", "triangulate {T} {T}out.csv", 1, nullptr, "cannot be read" },
+    { "triangulateEmpty", "triangulate {T}empty.csv {T}out.csv", 1, nullptr, "no point" },
+    { "triangulateHeadingOnly", "triangulate {T}heading.csv {T}out.csv", 1, nullptr, "no point" },
+    { "triangulateOneValue", "triangulate {T}xOnly.csv {T}out.csv", 1, nullptr, "line 2: a row has two" },
+    { "triangulateThreeValues", "triangulate {T}threeValues.csv {T}out.csv", 1, nullptr, "line 2: a row" },
+    { "triangulateWords", "triangulate {T}words.csv {T}out.csv", 1, nullptr, "line 3: a coordinate" },
+    { "triangulateInfinite", "triangulate {T}infinite.csv {T}out.csv", 1, nullptr, "line 2: a coordinate" },
+    { "triangulateBeyondFloat", "triangulate {T}beyondFloat.csv {T}out.csv", 1, nullptr, "line 2: a coord" },
+    { "triangulateGap", "triangulate {T}gap.csv {T}out.csv", 1, nullptr, "line 2: a row has two" },
+    { "triangulateLine", "triangulate {T}line.csv {T}out.csv", 1, nullptr, "lie on one line" },
+    { "triangulateOnePlace", "triangulate {T}onePlace.csv {T}out.csv", 1, nullptr, "all fall together" },
+    { "triangulateIntoNoFolder", "triangulate {T}points.csv {T}none/out.csv", 1, nullptr, "be written" },
+    { "triangulateDrawsIntoNoFolder", "triangulate {T}points.csv {T}out.csv --png {T}none/a.png", 1, nullptr,
+      "a.png: " },
+
+    { "pin", "pin {T}ground.obj {T}positions.csv {T}out.csv --png {T}out.png", 0, nullptr, nullptr },
+    { "pinMissing", "pin {T}missing.obj {T}positions.csv {T}out.csv", 1, nullptr, "missing.obj: " },
+    { "pinOnLines", "pin {T}lines.obj {T}positions.csv {T}out.csv", 1, nullptr, "no triangles in the scene" },
+    { "pinOnNoNumber", "pin {T}noNumber.obj {T}positions.csv {T}out.csv", 1, nullptr, "is not finite" },
+    { "pinNoMesh", "pin {T}positions.csv {T}positions.csv {T}out.csv", 1, nullptr, "positions.csv: " },
+    { "pinFlatPositions", "pin {T}ground.obj {T}points.csv {T}out.csv", 1, nullptr,
+      "line 2: a row has three" },
+    { "pinIntoNoFolder", "pin {T}ground.obj {T}positions.csv {T}none/out.csv", 1, nullptr, "be written" },
+    { "pinDrawsIntoNoFolder", "pin {T}ground.obj {T}positions.csv {T}out.csv --png {T}none/a.png", 1, nullptr,
+      "a.png: " },
 
     { "drawMissing", "draw {T}missing.mvc {T}out.png", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
     { "drawIntoNoFolder", "draw {S}hound.mvc {T}none/out.png", 1, nullptr, "none/out.png: " },
@@ -474,6 +517,49 @@ void compareWithOriginal(const std::string& table, const std::string& original, 
         if (difference["a"].is_string() && difference["b"].is_string())
             expectNear(difference["a"], difference["b"], original + ": " + path);
     }
+}
+
+TEST(Host, triangulateNamesPositionsInTheInput)
+{
+    const TemporaryFolder folder;
+    const std::string out = folder.path("out.csv").c_str();
+    const MrvString points = folder.write("points.csv", "x,y\n0,0\n0,0\n4,0\n0,4\n4,4.5\n");
+    runWell({ "triangulate", points.c_str(), out, "--png", folder.path("out.png").c_str() });
+    std::istringstream table(readFile(out));
+    std::string line;
+    std::getline(table, line);
+    EXPECT_EQ(line, "i,j,k");
+    std::vector<std::string> triangles;
+    while (std::getline(table, line))
+    {
+        ASSERT_EQ(line.size(), 5u);
+        while (line[0] > line[2] || line[0] > line[4]) // the least first; the turn stays
+            line = line.substr(2) + ',' + line[0];
+        triangles.push_back(line);
+    }
+    std::sort(triangles.begin(), triangles.end());
+    EXPECT_EQ(triangles, (std::vector<std::string>{ "0,2,3", "2,4,3" }));
+    EXPECT_EQ(folder.countEntries(), 3u); // no part of a file
+
+    unsigned char* pixels = nullptr;
+    unsigned int width = 0;
+    unsigned int height = 0;
+    ASSERT_EQ(lodepng_decode24_file(&pixels, &width, &height, folder.path("out.png").c_str()), 0u);
+    EXPECT_GT(height, width); // the points are higher than wide, and there is a heading
+    std::free(pixels);
+}
+
+TEST(Host, pinPutsPositionsOnTheGround)
+{
+    const TemporaryFolder folder;
+    writeFiles(folder);
+    const std::string out = folder.path("pinned.csv").c_str();
+    runWell({ "pin", folder.path("ground.obj").c_str(), folder.path("positions.csv").c_str(), out });
+    std::string table = readFile(out);
+    // The square may be cut into triangles either way.
+    for (size_t i = table.find(",1,1\n"); i != std::string::npos; i = table.find(",1,1\n"))
+        table[i + 3] = '0';
+    EXPECT_EQ(table, "x,y,z,nx,ny,nz,triangle\n2,1,1,0,0,1,0\n1,2,1,0,0,1,0\n9,9,4,0,0,0,-1\n");
 }
 
 TEST(Host, rigsOfOthersComeInWhole)

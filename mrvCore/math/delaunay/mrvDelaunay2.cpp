@@ -1,0 +1,148 @@
+// mrvCore/math/delaunay/mrvDelaunay2.cpp
+#include "mrvCore/math/delaunay/mrvDelaunay2.h"
+
+#include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
+#include "mrvCore/math/delaunay/mrvLargePages.h"
+#include "mrvCore/system/debug/mrvAssert.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace mrv {
+
+namespace {
+
+int* allocateInts(size_t count)
+{
+    return static_cast<int*>(std::malloc(count * sizeof(int)));
+}
+
+/// The multiplier that the coordinates of the unit square get, so that exact arithmetic finds whole numbers.
+float multiplierOf(DelaunayQuery::Type::Values queryType)
+{
+    switch (queryType)
+    {
+    case DelaunayQuery::Type::INT64:
+        return 65536.0f;
+    case DelaunayQuery::Type::INTEGER:
+        return 1048576.0f;
+    default:
+        return 1.0f;
+    }
+}
+
+} // namespace
+
+Delaunay2::Delaunay2(unsigned int verticesCount, Vector2* vertices, float epsilon,
+                     DelaunayQuery::Type::Values queryType)
+    : Delaunay(static_cast<int>(verticesCount), epsilon, queryType)
+    , _vertices(vertices)
+{
+    Information info;
+    getInformation(verticesCount, vertices, epsilon, info);
+    _dimension = info._dimension;
+    if (_dimension == 1)
+    {
+        _lineOrigin = info._origin;
+        _lineDirection = info._direction[0];
+    }
+    if (_dimension != 2)
+        return;
+
+    prepareWorkingVertices(info);
+    MRV_ASSERT(_query != nullptr, "Only the query type REAL has predicates\n");
+    insertVertices();
+    removeTriangles();
+    numberTriangles();
+    _verticesCount = _supervertices[0];
+    releaseConstructionData();
+}
+
+Delaunay2::~Delaunay2()
+{
+    delete _query;
+    internal::freeBlock(_sVertices);
+    std::free(_path);
+    delete[] _vertices;
+}
+
+void Delaunay2::prepareWorkingVertices(const Information& info)
+{
+    const int count = _verticesCount;
+    _verticesCount += 3;
+    _sVertices = static_cast<Vector2*>(internal::allocateBlock(size_t(_verticesCount), sizeof(Vector2)));
+    internal::adviseLargePages(_sVertices, size_t(_verticesCount) * sizeof(Vector2));
+    for (int i = 0; i < 3; ++i)
+        _supervertices[i] = count + i;
+    Vector2* const super = _sVertices + count;
+
+    if (_queryType == DelaunayQuery::Type::RATIONAL || _queryType == DelaunayQuery::Type::FILTERED)
+    {
+        const Vector2 min(info._min[0], info._min[1]);
+        const Vector2 max(info._max[0], info._max[1]);
+        const Vector2 delta = max - min;
+        std::copy(_vertices, _vertices + count, _sVertices);
+        super[0] = min - delta;
+        super[1] = Vector2(max.x + 3.0f * delta.x, min.y - delta.y);
+        super[2] = Vector2(min.x - delta.x, max.y + 3.0f * delta.y);
+        return;
+    }
+
+    _min = Vector2(info._min[0], info._min[1]);
+    _scale = 1.0f / info._maxRange;
+    const float multiplier = multiplierOf(_queryType);
+    for (int i = 0; i < count; ++i)
+        _sVertices[i] = (_vertices[i] - _min) * _scale * multiplier;
+    super[0] = Vector2(-1.0f, -1.0f) * multiplier;
+    super[1] = Vector2(4.0f, -1.0f) * multiplier;
+    super[2] = Vector2(-1.0f, 4.0f) * multiplier;
+    _scale *= multiplier;
+    if (_queryType == DelaunayQuery::Type::REAL)
+        _query = new DelaunayQuery2(_verticesCount, _sVertices);
+}
+
+void Delaunay2::numberTriangles()
+{
+    // Without branches: whether a triangle is in use is hard to foretell.
+    PODArray<int> numbers(_trianglePoolFirstAvailableIndex);
+    PODArray<uint32_t> slots(_trianglePoolFirstAvailableIndex + 1);
+    for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
+    {
+        const bool isInUse = _trianglePool[slot]._inUse;
+        numbers[slot] = isInUse ? _simplicesCount : -1;
+        slots[static_cast<size_t>(_simplicesCount)] = slot;
+        _simplicesCount += isInUse;
+    }
+    if (_simplicesCount == 0)
+        return;
+
+    const size_t count = static_cast<size_t>(_simplicesCount);
+    _indices = allocateInts(3 * count);
+    MRV_ASSERT(_indices != NULL);
+    _adjacencies = allocateInts(3 * count);
+    MRV_ASSERT(_adjacencies != NULL);
+    _path = allocateInts(count + 1);
+    MRV_ASSERT(_path != NULL);
+    for (size_t k = 0; k < count; ++k)
+    {
+        const Triangle& triangle = _trianglePool[slots[k]];
+        for (size_t j = 0; j < 3; ++j)
+        {
+            const uint32_t neighbour = triangle._adj[j];
+            _indices[3 * k + j] = triangle._vertices[j];
+            _adjacencies[3 * k + j] = neighbour == _none ? -1 : numbers[neighbour];
+        }
+    }
+}
+
+void Delaunay2::releaseConstructionData()
+{
+    _trianglePool.set_capacity(0);
+    _trianglePoolRecycledIndices.set_capacity(0);
+    _polygonEdgesCache.set_capacity(0);
+    _triStackCache.set_capacity(0);
+    _vertexTriangles.set_capacity(0);
+    _vertexTimes.set_capacity(0);
+}
+
+} // namespace mrv
