@@ -3,6 +3,7 @@
 find_package(Threads REQUIRED)
 find_package(RapidXML REQUIRED)
 find_package(LodePNG REQUIRED)
+find_package(nlohmann_json REQUIRED)
 
 if(MRV_REQUIRE_BREAKPAD)
     find_package(Breakpad REQUIRED)
@@ -16,7 +17,6 @@ endif()
 
 if(MRV_BUILD_HOSTS)
     find_package(CLI11 REQUIRED)
-    find_package(nlohmann_json REQUIRED)
     # By pkg-config: Assimp's own CMake package names targets that Debian does not bring.
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(Assimp REQUIRED IMPORTED_TARGET assimp)

@@ -25,4 +25,6 @@ for name in courier hound; do
     run diff "build/demo/$name.mvc" "build/demo/$name.mvcf"
     run draw "samples/$name.mvcf" "build/demo/$name.png"
 done
+run map samples/hound.mvcf build/demo/hound.mvsm.xml
+run choose samples/courier.mvcf --count 3 --seed 7
 say "the pictures are $results/courier.png and $results/hound.png"

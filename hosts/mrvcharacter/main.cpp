@@ -4,6 +4,7 @@
 #include "hosts/mrvcharacter/mrvChooseCommand.h"
 #include "hosts/mrvcharacter/mrvClassesCommand.h"
 #include "hosts/mrvcharacter/mrvConvertCommand.h"
+#include "hosts/mrvcharacter/mrvDeepConfCommand.h"
 #include "hosts/mrvcharacter/mrvDiffCommand.h"
 #include "hosts/mrvcharacter/mrvDrawCommand.h"
 #include "hosts/mrvcharacter/mrvImportCommand.h"
@@ -27,11 +28,14 @@ namespace {
 
 // In the order in which --help lists them.
 constexpr void (*addCommands[])(CLI::App&, int&) = {
-    &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand,     &mrvcharacter::addInfoCommand,
-    &mrvcharacter::addValidateCommand, &mrvcharacter::addConvertCommand,     &mrvcharacter::addImportCommand,
-    &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand,     &mrvcharacter::addDrawCommand,
-    &mrvcharacter::addDiffCommand,     &mrvcharacter::addChooseCommand,      &mrvcharacter::addListenCommand,
+    &mrvcharacter::addAboutCommand,    &mrvcharacter::addClassesCommand,
+    &mrvcharacter::addInfoCommand,     &mrvcharacter::addValidateCommand,
+    &mrvcharacter::addConvertCommand,  &mrvcharacter::addImportCommand,
+    &mrvcharacter::addMapCommand,      &mrvcharacter::addRagdollCommand,
+    &mrvcharacter::addDrawCommand,     &mrvcharacter::addDiffCommand,
+    &mrvcharacter::addChooseCommand,   &mrvcharacter::addListenCommand,
     &mrvcharacter::addPinCommand,      &mrvcharacter::addTriangulateCommand,
+    &mrvcharacter::addDeepConfCommand,
 };
 
 int runCommandLine(int argc, char** argv)

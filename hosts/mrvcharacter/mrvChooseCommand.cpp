@@ -3,9 +3,11 @@
 
 #include "hosts/mrvcharacter/mrvCharacterFiles.h"
 #include "hosts/mrvcharacter/mrvCrowd.h"
+#include "hosts/mrvcharacter/mrvLogMessages.h"
 #include "hosts/mrvcharacter/mrvTextTable.h"
 
 #include "mrvCore/assetManagement/mrvAssetManagementUtils.h"
+#include "mrvCore/system/utils/mrvIdsFilter.h"
 
 #include <CLI/CLI.hpp>
 
@@ -27,6 +29,7 @@ struct Options
     size_t count = 0;
     uint32_t seed = 0;
     std::string renderingType;
+    std::string ids = "*";
 };
 
 /// One cell; in quotation marks where it must be.
@@ -46,10 +49,14 @@ std::string getMeshName(const mrv::MaravoCharacterV24& character, int mesh)
     return isMesh ? toCell(character._meshAssets[static_cast<size_t>(mesh)]._name) : "";
 }
 
-void printChoices(const mrv::MaravoCharacterV24& character, const Crowd& crowd)
+void printChoices(const mrv::MaravoCharacterV24& character, const Crowd& crowd,
+                  const mrv::IdsFilter& isPicked)
 {
     std::cout << "entity,group,child,mesh,name\n";
     for (size_t entity = 0; entity < crowd.getChoices().size(); ++entity)
+    {
+        if (!isPicked(static_cast<int64_t>(entity)))
+            continue;
         for (const auto& [group, child] : crowd.getChoices()[entity])
         {
             const mrv::AssetGroupV4& asset = character._allAssetGroups[static_cast<size_t>(group)];
@@ -57,6 +64,7 @@ void printChoices(const mrv::MaravoCharacterV24& character, const Crowd& crowd)
             std::cout << entity << ',' << toCell(asset._name) << ',' << child << ',' << mesh << ','
                       << getMeshName(character, mesh) << '\n';
         }
+    }
 }
 
 std::string toPercent(double share)
@@ -122,9 +130,13 @@ bool choose(const Options& options)
         if (!isAnyType && type == -1)
             return reportError(options.file, "there is no rendering type " + options.renderingType);
         const Crowd crowd(character, type, options.count, options.seed);
+        const LogMessages messages;
+        const mrv::IdsFilter filter(options.ids);
+        for (const std::string& message : messages.get())
+            reportError("--ids", message);
         for (const std::string& warning : crowd.getWarnings())
             reportError(options.file, warning);
-        printChoices(character, crowd);
+        printChoices(character, crowd, filter);
         printSummary(character, crowd);
         isDone = true;
     });
@@ -149,6 +161,10 @@ void addChooseCommand(CLI::App& app, int& exitCode)
     command->add_option("--seed", options->seed, "Another order for another number")->required();
     command->add_option("--rendering-type", options->renderingType,
                         "Takes the weights of this rendering type");
+    command
+        ->add_option("--ids", options->ids,
+                     "Prints these entities only, such as \"0-9,20-100-10\"; the shares are those of all")
+        ->capture_default_str();
     command->callback([options, &exitCode] { exitCode = choose(*options) ? 0 : 1; });
 }
 

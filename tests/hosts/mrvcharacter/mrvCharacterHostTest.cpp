@@ -68,6 +68,7 @@ void writeFiles(const TemporaryFolder& folder)
     folder.write("pose.csv", poseHeading + "hips,0,0,1,0\n3,0.5,0,0,0.5\n");
     folder.write("unknownBone.csv", poseHeading + "tail,0,0,0,1\n");
     folder.write("noTurn.csv", poseHeading + "hips,0,0,0,0\n");
+    folder.write("deep.json", "{ \"assetRootName\": \"hound\", \"epochs\": 3 }");
     folder.write("points.csv", "x,y\r\n0,0\r\n 4 ,0\r\n0,4\r\n0,0\r\n\r\n");
     folder.write("bare.csv", "-1,-1\n1e1,0\n0,4");
     folder.write("xOnly.csv", "x,y\n1\n");
@@ -226,6 +227,13 @@ const CommandCase commandCases[] = {
     { "eventsToPortZero", "info --events 127.0.0.1:0 {S}hound.mvc", 2, nullptr, "--events" },
     { "eventsToNobody", "info --events localhost:1 {S}hound.mvc", 0, "Hound", "no event server answers" },
 
+    { "chooseOneEntity", "choose {S}courier.mvc --count 5 --seed 1 --ids 3", 0, "\n3,", "Share" },
+    { "chooseNoIds", "choose {S}courier.mvc --count 5 --seed 1 --ids 1,x", 0, "\n1,", "--ids" },
+    { "deepConf", "deepconf {T}deep.json {T}out.json --set epochs=7", 0, "epochs: 7", nullptr },
+    { "deepConfMissing", "deepconf {T}missing.json", 1, nullptr, "missing.json: " },
+    { "deepConfNoJson", "deepconf {T}garbage.mvc", 1, nullptr, "parse error" },
+    { "deepConfOfOtherType", "deepconf {T}deep.json --set epochs=many", 1, nullptr, "parse error" },
+    { "deepConfUnknownKey", "deepconf {T}deep.json --set eons=1", 1, nullptr, "sets no key" },
     { "chooseNothing", "choose {S}courier.mvc --count 0 --seed 1", 0, "entity,group", "Share" },
     { "chooseOfMissing", "choose {T}none --count 5 --seed 1", 1, nullptr, "none: FILE_NOT_FOUND" },
     { "chooseNegative", "choose {S}courier.mvc --count -5 --seed 1", 2, nullptr, "--count" },
