@@ -5,6 +5,7 @@
 #include "mrvCore/animation/mrvMaravoCharacter.h"
 #include "mrvCore/engine/simulationBatch/mrvMultiThreadProcessor.h"
 #include "mrvCore/system/log/mrvCallbackLogger.h"
+#include "mrvCore/system/thread/mrvThread.h"
 #include "tests/support/mrvCoreFixture.h"
 #include "tests/support/mrvTemporaryFolder.h"
 
@@ -23,6 +24,7 @@ class CharacterBatchTest : public CoreTest
 protected:
     CharacterBatchTest()
     {
+        getMultiThreadProcessor()->updateThreadCount(getSupportedConcurrentThreadCount());
         _logger = std::make_unique<CallbackLogger>();
         _logger->registerCallback(
             [](const char* text, void* all) { *static_cast<std::string*>(all) += text; }, &_log);
