@@ -5,26 +5,6 @@
 
 #include "mrvCore/animation/mrvMaravoCharacter.h"
 
-#include <cstdio>
-#include <string>
-
-#include <unistd.h>
-
-namespace {
-
-/// Puts the bytes into a file in memory, one per process.
-std::string write(const uint8_t* data, size_t size)
-{
-    const char* extension = data[0] == '<' ? ".mvcf" : ".mvc";
-    const std::string name = "/dev/shm/mrvFuzz-" + std::to_string(getpid()) + extension;
-    std::FILE* file = std::fopen(name.c_str(), "wb");
-    if (file == nullptr || std::fwrite(data, 1, size, file) != size || std::fclose(file) != 0)
-        std::abort();
-    return name;
-}
-
-} // namespace
-
 // Bones that a damaged file lists nowhere have no owner and are left.
 extern "C" const char* __asan_default_options()
 {
@@ -36,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     mrvFuzz::startOnce();
     if (size == 0)
         return 0;
-    const std::string name = write(data, size);
+    const std::string name = mrvFuzz::writeFile(data, size, data[0] == '<' ? ".mvcf" : ".mvc");
     try
     {
         using namespace mrv;

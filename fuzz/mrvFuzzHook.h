@@ -6,6 +6,13 @@
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "tests/support/mrvTestGraph.h"
 
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include <unistd.h>
+
 namespace mrvFuzz {
 
 /// Thrown out of the library where an ordinary build would end the process.
@@ -23,6 +30,16 @@ inline void startOnce()
         return true;
     }();
     static_cast<void>(isStarted);
+}
+
+/// Puts the bytes into a file in memory, one per process and extension, for the targets of what reads files.
+inline std::string writeFile(const uint8_t* data, size_t size, const char* extension)
+{
+    const std::string name = "/dev/shm/mrvFuzz-" + std::to_string(getpid()) + extension;
+    std::FILE* file = std::fopen(name.c_str(), "wb");
+    if (file == nullptr || std::fwrite(data, 1, size, file) != size || std::fclose(file) != 0)
+        std::abort();
+    return name;
 }
 
 } // namespace mrvFuzz

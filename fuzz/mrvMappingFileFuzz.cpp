@@ -9,22 +9,7 @@
 #include "mrvCore/animation/mrvSpecificPosture.h"
 #include "mrvCore/assetManagement/mrvBlindData.h"
 
-#include <cstdio>
-#include <string>
-
-#include <unistd.h>
-
 namespace {
-
-/// Puts the bytes into a file in memory, one per process.
-std::string write(const uint8_t* data, size_t size)
-{
-    const std::string name = "/dev/shm/mrvMappingFuzz-" + std::to_string(getpid());
-    std::FILE* file = std::fopen(name.c_str(), "wb");
-    if (file == nullptr || std::fwrite(data, 1, size, file) != size || std::fclose(file) != 0)
-        std::abort();
-    return name;
-}
 
 /// Walks what was read: a wild pointer or index would show here.
 void use(mrv::GenericSpecificConverterMappingV8& mapping)
@@ -52,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     mrvFuzz::startOnce();
     if (size == 0)
         return 0;
-    const std::string name = write(data, size);
+    const std::string name = mrvFuzz::writeFile(data, size, ".mvsm");
     try
     {
         using namespace mrv;

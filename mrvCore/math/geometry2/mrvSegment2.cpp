@@ -1,6 +1,7 @@
 // mrvCore/math/geometry2/mrvSegment2.cpp
 #include "mrvCore/math/geometry2/mrvSegment2.h"
 
+#include "mrvCore/math/geometry/mrvSegmentQueries.h"
 #include "mrvCore/math/geometry2/mrvLine2.h"
 
 #include <algorithm>
@@ -24,26 +25,17 @@ bool Segment2::isDegenerated(float tolerance) const
 
 bool Segment2::contains(const Vector2& point, float tolerance) const
 {
-    return (_p1 - point).norm() + (_p2 - point).norm() - (_p1 - _p2).norm() <= tolerance;
+    return internal::segmentContains(_p1, _p2, point, tolerance);
 }
 
 Vector2 Segment2::closestPoint(const Vector2& point) const
 {
-    const Vector2 vector = getVector();
-    const float t = (point - _p1).dot(vector);
-    const float length2 = vector.norm2();
-    if (t <= 0.0f)
-        return _p1;
-    if (t >= length2)
-        return _p2;
-    return _p1 + vector * (t / length2);
+    return internal::closestPointOfSegment(_p1, getVector(), _p2, point);
 }
 
 bool Segment2::projectsOn(const Vector2& point) const
 {
-    const Vector2 vector = getVector();
-    const float t = (point - _p1).dot(vector);
-    return t > 0.0f && t <= vector.norm2();
+    return internal::projectsOnSegment(_p1, getVector(), point);
 }
 
 Segment2::Side Segment2::side(const Vector2& point) const

@@ -1,6 +1,7 @@
 // mrvCore/math/geometry3/mrvSegment3.cpp
 #include "mrvCore/math/geometry3/mrvSegment3.h"
 
+#include "mrvCore/math/geometry/mrvSegmentQueries.h"
 #include "mrvCore/math/geometry2/mrvSegment2.h"
 
 #include <algorithm>
@@ -60,26 +61,17 @@ bool Segment3::isDegenerated(float tolerance) const
 
 bool Segment3::contains(const Vector3& point, float tolerance) const
 {
-    return (_p1 - point).norm() + (_p2 - point).norm() - (_p1 - _p2).norm() <= tolerance;
+    return internal::segmentContains(_p1, _p2, point, tolerance);
 }
 
 Vector3 Segment3::closestPoint(const Vector3& point) const
 {
-    const Vector3 vector = getVector();
-    const float t = (point - _p1).dot(vector);
-    const float length2 = vector.norm2();
-    if (t <= 0.0f)
-        return _p1;
-    if (t >= length2)
-        return _p2;
-    return _p1 + vector * (t / length2);
+    return internal::closestPointOfSegment(_p1, getVector(), _p2, point);
 }
 
 bool Segment3::projectsOn(const Vector3& point) const
 {
-    const Vector3 vector = getVector();
-    const float t = (point - _p1).dot(vector);
-    return t > 0.0f && t <= vector.norm2();
+    return internal::projectsOnSegment(_p1, getVector(), point);
 }
 
 bool Segment3::approxEqual(const Segment3& other, float tolerance) const
