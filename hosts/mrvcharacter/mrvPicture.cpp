@@ -15,6 +15,12 @@ extern "C" __attribute__((visibility("default"))) const char* __lsan_default_sup
 {
     return "leak:libfontconfig";
 }
+
+// Nor a word about them on the standard error, which belongs to messages.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_options()
+{
+    return "print_suppressions=0";
+}
 #endif
 
 namespace mrvcharacter {
