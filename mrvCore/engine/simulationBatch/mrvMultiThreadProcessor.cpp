@@ -5,6 +5,8 @@
 #include "mrvCore/engine/simulationBatch/mrvWorkerThread.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
+#include "mrvCore/system/time/mrvTimeCounter.h"
 
 #include <algorithm>
 
@@ -15,6 +17,46 @@ namespace mrv {
 namespace {
 
 constexpr size_t workerStackSize = 0x100000;
+
+/// How many batches a thread takes from the counter in one go.
+///
+/// To move the counter from processor to processor takes longer than many a batch. So a thread that has found
+/// batches to be short takes several steps at once, which nobody can tell from as many single ones. All
+/// others, the first ones and the last ones of a round are taken one by one: a batch that lasts waits for no
+/// other, and no thread is left with much when the rest is done.
+class Portion
+{
+public:
+    explicit Portion(int threadCount) : _share(8 * threadCount) { _time.start(); }
+
+    int getSize() const { return _size; }
+
+    /// To be told when a portion is done, and how many batches nobody has taken yet.
+    void adapt(int64_t batchesLeft)
+    {
+        constexpr timetick_t shortTicks = 8000;
+        constexpr int largest = 256;
+        _time.stop();
+        const int wanted = _time.getTimeInTicks() < shortTicks ? std::min(2 * _size, largest) : 1;
+        _size = static_cast<int>(std::clamp<int64_t>(batchesLeft / _share, 1, wanted));
+        _time.start();
+    }
+
+private:
+    TimeCounter _time;
+    int64_t _share;
+    int _size = 1;
+};
+
+/// A look at the barrier takes its mutex, which the workers need on their way there. One that finds it taken
+/// goes to sleep, and to wake it again costs more than this.
+void pauseBetweenLooks()
+{
+#ifdef __SSE2__
+    for (int i = 0; i < 16; ++i)
+        __builtin_ia32_pause();
+#endif
+}
 
 } // namespace
 
@@ -93,6 +135,9 @@ void MultiThreadProcessor::fillBatchQueue(ProcessingBatch batch, int64_t lastInd
     // Unsigned, so that the index behind the last one is never out of range.
     const uint64_t end = static_cast<uint64_t>(lastIndex) + 1;
     const uint64_t step = static_cast<uint64_t>(batchSize);
+    _batchQueueForMultithread.reserve((end - 1) / step + 1);
+    internal::adviseLargePages(_batchQueueForMultithread.begin(),
+                               _batchQueueForMultithread.capacity() * sizeof(ProcessingBatch));
     for (uint64_t first = 0; first < end; first += step)
     {
         batch._firstIndex = static_cast<int64_t>(first);
@@ -105,10 +150,16 @@ void MultiThreadProcessor::consumeBatchQueueTask()
 {
     // Read once: the queue does not change during a round.
     ProcessingBatch* const batches = _batchQueueForMultithread.begin();
-    const int count = _batchQueueForMultithread.sizeInt();
-    int index;
-    while ((index = fetchAndIncrementIndexOfBatchToProcess()) < count)
-        batches[index]._updateMethod(batches[index]);
+    const int64_t count = _batchQueueForMultithread.sizeInt();
+    Portion portion(getThreadCount());
+    int64_t first;
+    while ((first = atomicFetchAddSequentiallyConsistent(_currentBatchToProcess, portion.getSize())) < count)
+    {
+        const int64_t end = std::min(first + portion.getSize(), count);
+        for (int64_t index = first; index < end; ++index)
+            batches[index]._updateMethod(batches[index]);
+        portion.adapt(count - end);
+    }
 }
 
 void MultiThreadProcessor::launchThreadedUpdate()
@@ -132,7 +183,7 @@ void MultiThreadProcessor::waitForThreadedUpdateReady()
         return;
     const unsigned int workerCount = static_cast<unsigned int>(_workerThreadCount);
     while (_launchUpdateProcessBarrier.getCurrentThreadsWaiting() != workerCount)
-    {}
+        pauseBetweenLooks();
 }
 
 void MultiThreadProcessor::waitForThreadedUpdateEnd()

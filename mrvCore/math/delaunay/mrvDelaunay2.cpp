@@ -2,7 +2,7 @@
 #include "mrvCore/math/delaunay/mrvDelaunay2.h"
 
 #include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
-#include "mrvCore/math/delaunay/mrvLargePages.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 
 #include <algorithm>

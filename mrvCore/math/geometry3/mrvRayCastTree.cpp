@@ -1,7 +1,7 @@
 // mrvCore/math/geometry3/mrvRayCastTree.cpp
 #include "mrvCore/math/geometry3/mrvRayCastTree.h"
 
-#include "mrvCore/math/delaunay/mrvLargePages.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
 
 #include <algorithm>
 #include <cmath>

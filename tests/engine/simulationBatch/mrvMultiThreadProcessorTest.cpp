@@ -263,6 +263,22 @@ TEST_F(TwoThreads, aSlowBatchHoldsUpNoOther)
     EXPECT_EQ(done, count);
 }
 
+TEST_F(TwoThreads, shortBatchesBesideLongOnesTreatEachIndexOnce)
+{
+    constexpr int64_t count = 300007;
+    for (const int64_t batchSize : { 1, 3, 1000 })
+    {
+        std::vector<std::atomic<int>> treated(count);
+        process(_pool, count - 1, batchSize, [&](ProcessingBatch& batch) {
+            for (int64_t i = batch._firstIndex; i <= batch._lastIndex; ++i)
+                ++treated[static_cast<size_t>(i)];
+            if (batch._firstIndex % 50000 < batchSize)
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        });
+        EXPECT_EQ(std::count(treated.begin(), treated.end(), 1), count) << "batches of " << batchSize;
+    }
+}
+
 TEST_F(TwoThreads, whoComesWhileThePoolIsBusyRunsAlone)
 {
     LogRecord log;

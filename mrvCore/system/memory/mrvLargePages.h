@@ -1,4 +1,4 @@
-// mrvCore/math/delaunay/mrvLargePages.h
+// mrvCore/system/memory/mrvLargePages.h
 // Large pages for arrays that are read all over. Internal.
 #pragma once
 

@@ -1,5 +1,5 @@
-// mrvCore/math/delaunay/mrvLargePages.cpp
-#include "mrvCore/math/delaunay/mrvLargePages.h"
+// mrvCore/system/memory/mrvLargePages.cpp
+#include "mrvCore/system/memory/mrvLargePages.h"
 
 #include <cstdint>
 
