@@ -1,6 +1,7 @@
 // hosts/mrvcharacter/mrvClassesCommand.cpp
 #include "hosts/mrvcharacter/mrvClassesCommand.h"
 
+#include "hosts/mrvcharacter/mrvClassesMarkdown.h"
 #include "hosts/mrvcharacter/mrvTextTable.h"
 
 #include "mrvCore/system/containers/mrvPODArray.h"
@@ -71,10 +72,21 @@ void addClassesCommand(CLI::App& app, int& exitCode)
 {
     CLI::App* command = app.add_subcommand("classes", "Lists every registered type, ordered by TypeID");
     auto showsAttributes = std::make_shared<bool>(false);
-    command->add_flag("--attributes", *showsAttributes,
-                      "Lists the attributes of each class with their types instead, ordered by name");
-    command->callback([&exitCode, showsAttributes] {
-        *showsAttributes ? printAttributes() : printClasses();
+    auto asMarkdown = std::make_shared<bool>(false);
+    CLI::Option* attributes =
+        command->add_flag("--attributes", *showsAttributes,
+                          "Lists the attributes of each class with their types instead, ordered by name");
+    command
+        ->add_flag(
+            "--markdown", *asMarkdown,
+            "Prints the attributes of each persistent class as a section of Markdown instead, those of "
+            "today's files first")
+        ->excludes(attributes);
+    command->callback([&exitCode, showsAttributes, asMarkdown] {
+        if (*asMarkdown)
+            printClassesAsMarkdown(std::cout);
+        else
+            *showsAttributes ? printAttributes() : printClasses();
         exitCode = 0;
     });
 }

@@ -107,6 +107,14 @@ const CommandCase commandCases[] = {
     { "noCommand", "", 2, nullptr, "subcommand is required" },
     { "unknownCommand", "mangle", 2, nullptr, "subcommand is required" },
 
+    { "classesAsMarkdown", "classes --markdown", 0,
+      "\n### Frozen classes\n\n#### `AssetGroupV0`\n\nType id `2d9f936e-9230-4521-9d6d-2bad415fcf12`, 4 "
+      "attributes.\n"
+      "\n| # | name | type |\n|---|---|---|\n| 0 | `name` | `string` |\n| 1 | `children` | "
+      "`Array<AssetUnitV0>` |\n",
+      nullptr },
+    { "classesInTwoForms", "classes --markdown --attributes", 2, nullptr, "--attributes" },
+
     { "infoOfNothing", "info", 2, nullptr, "FILES" },
     { "infoOfMissing", "info {T}missing.mvc", 1, nullptr, "missing.mvc: FILE_NOT_FOUND" },
     { "infoOfFolder", "info {T}", 1, nullptr, ": INVALID_FILE" },
