@@ -1,9 +1,18 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the library and its batch host in release, and runs the host on the samples.
+#
+#   scripts/demo.sh [--valgrind]    the option runs all under memcheck; a fault or a leak ends the demo with code 9
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
-"$root/scripts/install-dependencies.sh"
+groups=()
+checker=()
+if [[ ${1:-} == --valgrind ]]; then
+    groups=(analysis)
+    checker=(valgrind --quiet --error-exitcode=9 --leak-check=full --show-leak-kinds=definite,indirect,possible
+        --suppressions="$root/scripts/valgrind.supp")
+fi
+"$root/scripts/install-dependencies.sh" "${groups[@]}"
 build_preset release mrvcharacter
 
 host=$root/build/release/bin/mrvcharacter
@@ -13,7 +22,7 @@ cd "$root"
 
 run() {
     say "mrvcharacter $*"
-    "$host" "$@"
+    "${checker[@]}" "$host" "$@"
 }
 
 run about

@@ -2,8 +2,9 @@
 # Installs what the project is built from: Debian packages, and Breakpad built from its sources.
 # Does nothing, silently, when all is there.
 #
-#   scripts/install-dependencies.sh [ci] [benchmarks] [fuzz]
+#   scripts/install-dependencies.sh [ci] [analysis] [benchmarks] [fuzz]
 #       ci          also the formatter that .ci/run uses
+#       analysis    also what scripts/analyse.sh and scripts/demo.sh --valgrind run
 #       benchmarks  also the peers that the benchmarks run beside the library
 #       fuzz        also the compiler of the fuzz targets
 #
@@ -21,6 +22,7 @@ command -v npm >/dev/null || packages+=(npm)
 for group in "$@"; do
     case $group in
         ci) packages+=(clang-format-14) ;;
+        analysis) packages+=(clang clang-tidy-14 cppcheck valgrind libclang-rt-14-dev) ;;
         benchmarks) packages+=(libspdlog-dev libglm-dev libeigen3-dev libcereal-dev libtbb-dev
             libcgal-dev libembree-dev libboost-dev) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
