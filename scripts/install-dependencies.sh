@@ -2,10 +2,11 @@
 # Installs what the project is built from: Debian packages, and Breakpad built from its sources.
 # Does nothing, silently, when all is there.
 #
-#   scripts/install-dependencies.sh [ci] [analysis] [benchmarks] [fuzz]
+#   scripts/install-dependencies.sh [ci] [analysis] [benchmarks] [docs] [farm] [fuzz]
 #       ci          also the formatter that .ci/run uses
 #       analysis    also what scripts/analyse.sh and scripts/demo.sh --valgrind run
 #       benchmarks  also the peers that the benchmarks run beside the library
+#       docs        also what builds the pages of the public headers
 #       fuzz        also the compiler of the fuzz targets
 #
 # MRV_REQUIRE_BREAKPAD=1 makes it an error when Breakpad cannot be had; otherwise the library is
@@ -25,6 +26,7 @@ for group in "$@"; do
         analysis) packages+=(clang clang-tidy-14 cppcheck valgrind libclang-rt-14-dev) ;;
         benchmarks) packages+=(libspdlog-dev libglm-dev libeigen3-dev libcereal-dev libtbb-dev
             libcgal-dev libembree-dev libboost-dev) ;;
+        docs) packages+=(doxygen) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
         *) echo "unknown group: $group" >&2; exit 2 ;;
     esac

@@ -25,6 +25,10 @@ while (my $line = <>) {
         $depth += $balance;
         $is_open = 0 if $depth <= 0 && $code =~ /[;}]\s*$/;
     }
+    elsif ($line =~ /^\s*\/\/\/ \@[{}]/) {
+        flush_template();
+        ($text, $name, $is_fresh) = ('', '', 0);
+    }
     elsif ($line =~ /^\s*\/\/\/(?!<) ?(.*)/) {
         flush_template();
         $text = $is_fresh ? "$text $1" : $1;

@@ -100,6 +100,7 @@ public:
     /// Becomes a copy of `other`, its description included. The display configurations stay those of the
     /// own character.
     void createFromConst(const GenericSpecificConverterMappingV8& other);
+    /// @{
     /// Becomes what a mapping of an older version holds, in one step and with a skeleton of its own. The old
     /// one may only be destroyed afterwards.
     void createFromV0(GenericSpecificConverterMappingV0& old);
@@ -109,6 +110,7 @@ public:
     void createFromV4(GenericSpecificConverterMappingV4& old);
     void createFromV5(GenericSpecificConverterMappingV5& old);
     void createFromV6(GenericSpecificConverterMappingV6& old);
+    /// @}
     /// Makes `old` a copy of this mapping, as far as that version goes: of blind data the names of the blend
     /// shapes, and no mirrors of spines.
     void exportToV5(GenericSpecificConverterMappingV5& old) const;
@@ -126,11 +128,14 @@ public:
     /// by initSortedBones().
     LoadSkeletonMappingErrorCode::Value loadMappingXML(const char* fileName);
     LoadSkeletonMappingErrorCode::Value loadMappingXML(XMLStream& stream, DataItem& item);
-    /// A file that cannot be written stays as it was.
+    /// @{
+    /// Writes the binary form or the XML form. A file that cannot be written stays as it was; a stream tells
+    /// by its state.
     SaveSkeletonMappingErrorCode::Value saveMapping(const char* fileName) const;
     void saveMapping(std::ofstream& stream) const;
     SaveSkeletonMappingErrorCode::Value saveMappingXML(const char* fileName) const;
     SaveSkeletonMappingErrorCode::Value saveMappingXMLStream(XMLStream& stream, DataItem& item) const;
+    /// @}
 
     // Building. A part that cannot be added is logged and changes nothing: the result is then -1 without a
     // description, -2 for a bone that is none, -3 for a part at a wrong place, else the index of the part.
@@ -145,6 +150,7 @@ public:
     /// Plane and flag count for both chains, though only the extension has bones.
     int addSpine(int firstBone, int lastBone, bool computeFullExtentLength, const Vector3& ikNormalPlane);
 
+    /// Adds the part at the end of the limbs.
     int addLimb(const GenericSpecificConverterBoneV1& bone);
     /// Auxiliary bones that are none count as -1.
     int addLimb(SkeletonPartType::Value type, int firstAux, int lastAux, int firstExt, int lastExt,
@@ -153,6 +159,7 @@ public:
                 SagittalPlaneLocation::Value sagittalLocation, const Vector3& planeAux,
                 const Vector3& planeExt, bool fullAux, bool fullExt);
 
+    /// Adds the part at the end of the effectors.
     int addEffector(const GenericSpecificConverterBoneV1& bone);
     /// Auxiliary bones that are none count as -1.
     int addEffector(SkeletonPartType::Value type, int firstAux, int lastAux, int firstExt, int lastExt,
@@ -348,10 +355,11 @@ public:
     static void buildBoneChain(PODArray<const HierarchicalBoneV1*>& result,
                                const PODArray<HierarchicalBoneV1*>& bones,
                                const GenericSpecificConverterBoneV1& bone, int chain, bool reverse);
-    /// The first spine or limb that ends above the part `bone`, -1 for none. A part that ends at the root is
-    /// not found.
+    /// The first spine that ends above the part `bone`, -1 for none. A part that ends at the root is not
+    /// found.
     static int findFatherIndexInSpines(const GenericSpecificConverterBoneV1& bone,
                                        const GenericSpecificConverterMappingV8& mapping);
+    /// The same among the limbs.
     static int findFatherIndexInLimbs(const GenericSpecificConverterBoneV1& bone,
                                       const GenericSpecificConverterMappingV8& mapping);
     /// The part that has a generic bone index, null for none, and if wanted which chain of it: the extension

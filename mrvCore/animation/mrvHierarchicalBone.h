@@ -107,8 +107,10 @@ public:
     /// The offset of a bone turns the positions of its direct children only.
     Vector3 computeWorldPosWithScalesAndOriOffsets(const Array<Vector3>& scales,
                                                    const Array<Quaternion>& oriOffsets) const;
+    /// By other local positions and orientations.
     Vector3 computeWorldPosWithLocalOverrides(const Array<Vector3>& localPositions,
                                               const Array<Quaternion>& localOrientations) const;
+    /// By other local orientations.
     Quaternion computeWorldOriWithLocalOverrides(const Array<Quaternion>& localOrientations) const;
 
     /// Number of bones above this one.

@@ -27,6 +27,7 @@ namespace mrv {
 
 class MaravoCharacterV23;
 
+/// How reading a character file ended.
 struct LoadCharacterFileErrorCode
 {
     enum Value {
@@ -39,6 +40,7 @@ struct LoadCharacterFileErrorCode
     };
 };
 
+/// How writing a character file ended.
 struct SaveCharacterFileErrorCode
 {
     enum Value { SUCCESS, FILE_CREATION_FAILED, END };
@@ -86,9 +88,11 @@ public:
     /// Blind data of specific animations are left out of the file, not out of the character, which is why it
     /// changes for the time of the call.
     SaveCharacterFileErrorCode::Value saveCharacterFile(const MrvString& fileName);
+    /// @{
     /// All there is, in one form whatever the extension; the path of the character stays.
     SaveCharacterFileErrorCode::Value saveCharacterFileXML(const MrvString& fileName) const;
     SaveCharacterFileErrorCode::Value saveCharacterFileBinary(const MrvString& fileName) const;
+    /// @}
 
     static int getCurrentVersionNumber() { return MRV_MVC_VERSION; }
     /// The version of the product that brought a file version; empty where there is no name.
@@ -119,14 +123,15 @@ public:
     /// The file of the first asset of the lowest tag; `result` is untouched if that has none.
     void getFirstAvailableAbsoluteGeometryFile(MrvString& result, const char* directory) const;
 
-    // Look-ups by exact name: the first index, -1 for none.
-
+    /// @{
+    /// The first index of that exact name, -1 for none.
     int findAssetGroupIdx(const MrvString& name) const;
     int findDeepDeformerAssetIdx(const MrvString& name) const;
     int findShadingGroupIdx(const MrvString& name) const;
     int findShaderAssetIdx(const MrvString& name) const;
     int findRenderingTypeIdx(const MrvString& name) const;
     int findShaderAttributeIdx(const MrvString& name) const;
+    /// @}
     /// Where there is no mesh of that name, the first one that differs in a namespace, ended by ":", which
     /// either of the names has.
     int findMeshAssetIdx(const MrvString& name) const;

@@ -33,9 +33,9 @@ public:
     /// Room for that many bones, without scales.
     void init(size_t boneCount);
 
-    // Each makes the posture one of these bones, without scales, filled by the static operation below of that
-    // name.
-
+    /// @{
+    /// Each makes the posture one of these bones, without scales, filled by the static operation below of
+    /// that name.
     void initFromEntity(const Bones& bones, float scale, const Vector3& position,
                         const Quaternion& orientation, const Quaternion& coordinate);
     void initFromSkeleton(const Bones& bones, float scale);
@@ -51,6 +51,7 @@ public:
                                                            const Quaternion& rootOrientation,
                                                            const Array<Quaternion>& restRelatives,
                                                            const Array<Vector3>& localPositions);
+    /// @}
 
     /// As initFromEntity() for a posture that has as many bones already, anything else being fatal; scales
     /// stay.
@@ -117,6 +118,7 @@ public:
                                                            const Array<Quaternion>& restRelatives,
                                                            float scale, const PODArray<int>& boneIndices,
                                                            bool updateRoots);
+    /// From rest-relative orientations, with local positions in place of those of the bind pose.
     static void computePostureFromRestRelativeOrientationsAndLocalPositions(
         Array<Vector3>& positions, Array<Quaternion>& orientations, const Bones& bones,
         const Vector3& rootPosition, const Quaternion& rootOrientation,

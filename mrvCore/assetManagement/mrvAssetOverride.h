@@ -16,9 +16,11 @@ class MRV_CORE_API AssetOverride
 public:
     /// Takes another list, and cancels the forced changes made so far.
     void overrideMeshAssetList(const PODArray<int>& meshAssets);
+    /// @{
     /// Forces a mesh in or out. An overriding list set before stays in force.
     void forceAddMeshAsset(int meshAsset);
     void forceRemoveMeshAsset(int meshAsset);
+    /// @}
 
     /// The meshes of an entity for which `meshAssets` were chosen: in rising order, each once, also where
     /// nothing is overridden. What is forced both in and out is out. `result` may be `meshAssets`.

@@ -26,6 +26,7 @@ class MRV_CORE_API BlindDataV1
 public:
     MRV_PERSISTENT_CLASS(BlindDataV1)
 
+    /// What a channel is for.
     struct Type
     {
         enum Value : unsigned int { BLENDSHAPE, BLIND, SPECIFIC_ANIMATION, END };

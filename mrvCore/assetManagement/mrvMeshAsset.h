@@ -19,6 +19,7 @@ class MRV_CORE_API MeshAssetV8
 public:
     MRV_PERSISTENT_CLASS(MeshAssetV8)
 
+    /// What isFur() has found out.
     struct IsFurStatus
     {
         enum Value : int { IS_FUR, NOT_FUR, END /* not computed yet */ };

@@ -11,6 +11,7 @@ namespace mrv {
 
 class ShaderAttributeV2;
 
+/// Type of the value.
 struct ShaderAttributeType
 {
     enum Value : int { INT, FLOAT, STRING, VECTOR, END };

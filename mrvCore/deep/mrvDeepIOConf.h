@@ -17,6 +17,7 @@ namespace mrv {
 class MRV_CORE_API DeepIOConf
 {
 public:
+    /// How samples are drawn.
     struct SamplingMode
     {
         // Whatever integer stands in a file is kept.

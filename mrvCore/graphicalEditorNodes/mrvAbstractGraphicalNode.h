@@ -24,10 +24,12 @@ class CloneFactory;
 class MRV_CORE_API AbstractGraphicalNode : public ReferenceCounter
 {
 public:
+    /// Where the node stands in a run.
     struct RunStatus
     {
         enum Value { UNKNOWN, IDLE, START, RUN, STOP };
     };
+    /// How its last run went.
     struct DebugStatus
     {
         enum Value { VALID, WARNING, FAILED, CRITICAL };

@@ -9,6 +9,7 @@ namespace mrv {
 
 // The standard alphabet with "=" as padding, without line breaks (RFC 4648, section 4). No state.
 
+/// The text of `count` bytes.
 MRV_CORE_API MrvString base64_encode(const unsigned char* bytes, unsigned int count);
 
 /// The bytes of a text of `count` characters, zeros included.

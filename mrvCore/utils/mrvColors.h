@@ -23,6 +23,7 @@ MRV_CORE_API void getColorComponents(uint32_t color, uint8_t& red, uint8_t& gree
 
 /// Hue and saturation of a grey are 0. The name stands as hosts call it.
 MRV_CORE_API void rbgToHsl(float r, float g, float b, float& h, float& s, float& l);
+/// The way back.
 MRV_CORE_API void hslToRgb(float h, float s, float l, float& r, float& g, float& b);
 
 /// One channel of a colour: from `a` to `b` and back over the hue, which is wrapped once.

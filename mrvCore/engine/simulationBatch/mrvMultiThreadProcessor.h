@@ -63,22 +63,27 @@ public:
     /// Waits until every worker rests, then ends them all.
     void closeWorkerThreads();
 
+    /// @{
     /// The steps of a round, for callers that put one together themselves. A wait is a pure spin, since
     /// rounds are short: without workers it returns at once, and a worker lost for good holds it for ever.
     void launchThreadedUpdate();
     void waitForThreadedUpdateReady();
     void waitForThreadedUpdateEnd();
+    /// @}
 
     /// Takes and runs batches until none is left.
     void consumeBatchQueueTask();
 
+    /// The next batch that nobody has taken; beyond the last where there is none.
     int fetchAndIncrementIndexOfBatchToProcess()
     {
         return atomicFetchAddSequentiallyConsistent(_currentBatchToProcess, 1);
     }
     /// Workers that have finished the current round.
     int getThreadDoneCount() const { return atomicLoadAcquire(_threadsDoneCount); }
+    /// For a worker that has finished.
     void incrementThreadDoneCount() { atomicFetchAddSequentiallyConsistent(_threadsDoneCount, 1); }
+    /// Before a round.
     void resetThreadDoneCount() { atomicStoreRelease(_threadsDoneCount, 0); }
 
 private:

@@ -7,9 +7,9 @@
 
 namespace mrv {
 
-// Axis_Pq_toQuaternion: the rotation whose axis P has the direction of the first argument, and whose axis Q
-// comes as near to the second as it can. Neither has to be normalised; parallel ones give no rotation.
-
+/// @{
+/// Axis_Pq_toQuaternion: the rotation whose axis P has the direction of the first argument, and whose axis Q
+/// comes as near to the second as it can. Neither has to be normalised; parallel ones give no rotation.
 MRV_CORE_API Quaternion Axis_Xy_toQuaternion(const Vector3& x, const Vector3& y);
 MRV_CORE_API Quaternion Axis_Xz_toQuaternion(const Vector3& x, const Vector3& z);
 MRV_CORE_API Quaternion Axis_Yx_toQuaternion(const Vector3& y, const Vector3& x);
@@ -18,5 +18,6 @@ MRV_CORE_API Quaternion Axis_Zx_toQuaternion(const Vector3& z, const Vector3& x)
 MRV_CORE_API Quaternion Axis_Zy_toQuaternion(const Vector3& z, const Vector3& y);
 MRV_CORE_API void Axis_Zx_toQuaternion(Quaternion& out, const Vector3& z, const Vector3& x);
 MRV_CORE_API void Axis_Zy_toQuaternion(Quaternion& out, const Vector3& z, const Vector3& y);
+/// @}
 
 } // namespace mrv

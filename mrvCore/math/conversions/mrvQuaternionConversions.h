@@ -31,6 +31,7 @@ MRV_CORE_API void fromQuaternion(RotationMatrix& out, const Quaternion& q);
 /// The same in the upper left block; row 3 and column 3 are those of the identity. In transformPoint it
 /// applies the inverse rotation, as Matrix4::setRotation does.
 MRV_CORE_API void fromQuaternion(Matrix4& out, const Quaternion& q);
+/// The same as a result.
 MRV_CORE_API Matrix4 MatrixFromQuaternion(const Quaternion& q);
 
 /// The angle is in [0, 2 pi]. A rotation too small to show its axis has (1, 0, 0).

@@ -66,12 +66,15 @@ public:
         return terms.getDifference() < -terms.getRounding() || (terms.first == 0.0f && terms.second == 0.0f);
     }
 
+    /// @{
+    /// Products and determinants by the order of operations written here, on which answers depend.
     static float dot(float x0, float y0, float x1, float y1) { return x0 * x1 + y0 * y1; }
     static float det2(float x0, float y0, float x1, float y1) { return x0 * y1 - x1 * y0; }
     static float det3(float a, float b, float c, float d, float e, float f, float g, float h, float i)
     {
         return a * (e * i - f * h) + d * (h * c - i * b) + g * (f * b - e * c);
     }
+    /// @}
 
 private:
     static int signOf(float value) { return (value > 0.0f) - (value < 0.0f); }

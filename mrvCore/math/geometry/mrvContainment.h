@@ -28,6 +28,7 @@ MRV_CORE_API bool contains(const ConvexPolygon2& polygon, const Vector2& point, 
 /// Any polygon without crossings, in either turn, by counting crossings to the right: an exact outline point
 /// may be in or out.
 MRV_CORE_API bool contains(const Array<Vector2>& points, const Vector2& point);
+/// The same for points in memory.
 MRV_CORE_API bool mrvContainsInPolygon(const Vector2* points, size_t count, const Vector2& point);
 /// The same, or at most `tolerance` from the outline.
 MRV_CORE_API bool containsInPolygon(const Vector2* points, size_t count, const Vector2& point,

@@ -20,6 +20,7 @@ class Triangle3;
 
 // The plane
 
+/// @{
 MRV_CORE_API float distance2(const Vector2& point, const Segment2& segment);
 MRV_CORE_API float distance2(const Segment2& a, const Segment2& b);
 MRV_CORE_API float distance2(const Vector2& point, const Box2& box);
@@ -59,5 +60,6 @@ MRV_CORE_API float distance2(const Line& line, const CenteredBox& box);
 MRV_CORE_API float distance2(const CenteredSegment& segment, const CenteredBox& box);
 MRV_CORE_API float distance2(const CenteredRectangle& rectangle, const CenteredBox& box, float tolerance);
 MRV_CORE_API float distance2(const CenteredBox& a, const CenteredBox& b);
+/// @}
 
 } // namespace mrv

@@ -34,9 +34,11 @@ public:
 
     /// True if the way from end to end over the point is at most `tolerance` longer than the segment.
     bool contains(const Vector2& point, float tolerance) const;
+    /// The point of the segment that is nearest.
     Vector2 closestPoint(const Vector2& point) const;
     /// True if the foot of the perpendicular lies in the segment, `_p1` excluded and `_p2` included.
     bool projectsOn(const Vector2& point) const;
+    /// Side of the line from `_p1` to `_p2`; positive is to the left.
     Side side(const Vector2& point) const;
     Line2 getLine() const;
 

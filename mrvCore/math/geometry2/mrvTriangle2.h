@@ -28,6 +28,7 @@ public:
     void computeBarycenter(Vector2& result, bool refine) const;
     /// Distance of vertex i from the line through the others, or from them where they are one point.
     float computeHeight(unsigned int i) const;
+    /// The area, without a sign.
     float computeSurface() const;
 
     /// True if no coordinate of the other vertices differs from vertex 0's by more than the tolerance.

@@ -22,6 +22,7 @@ public:
 
     /// Strictly inside the box grown by the tolerance on all sides. An empty box contains nothing.
     bool contains(const Vector3& point, float tolerance) const override;
+    /// The corners, also of an empty box.
     void retrieveBoundingBox(Vector3& min, Vector3& max) const override;
     AxisAlignedBox3* clone() const override;
 
@@ -55,6 +56,7 @@ public:
     /// The same with the parameter where the ray enters, 0 for a start inside.
     bool intersect(const ClassifiedRay3& ray, float& t) const;
 
+    /// Moves the box.
     void translate(const Vector3& offset);
 
     /// Equal corners; all empty boxes are equal.

@@ -66,8 +66,11 @@ public:
     float getCXZ() const { return _cXZ; }
     float getCZX() const { return _cZX; }
 
+    /// @{
+    /// As those of Ray3.
     void project(const Vector3& point, float& t, Vector3& offset) const { _ray.project(point, t, offset); }
     Vector3 value(float t) const { return _ray.value(t); }
+    /// @}
 
 private:
     Ray3 _ray;

@@ -93,12 +93,14 @@ public:
     int* getFaceNeighbors(int triangle) { return _faceNeighbors[triangle]; }
     const int* getFaceNeighbors(int triangle) const { return _faceNeighbors[triangle]; }
 
+    /// The unit normal of a triangle, to the side from which it turns counterclockwise.
     void computeFaceNormals(int triangle);
     /// Inward for a counterclockwise triangle; NaN for an edge without length. Needs the face normal.
     void computeEdgeNormals(int triangle);
     /// Makes the triangle the neighbour of the one that put the same edge into the map before, else puts it
     /// in. `indices` are the numbers of the triangle's three corners among shared vertices.
     void fillEdgeInfo(MrvMap<PairValue, PairValue>& map, int triangle, int edge, const int* indices);
+    /// Areas of all triangles and their sum.
     void computeSurfaces();
 
     /// In the mesh's own space.
@@ -178,6 +180,7 @@ public:
     static void applyTransformationToOrientationQuat(Quaternion& orientation, const Matrix4& matrix);
 
 protected:
+    /// Builds the tree of boxes that rays are cast through.
     void computeRaycastAABBHierarchy();
     /// One triangle of a walk.
     void recursiveComputeTraversalMeshLocal(const positionInTriangle& in, positionInTriangle& out) const;

@@ -27,14 +27,17 @@ public:
     float getConstant() const { return _d; }
     void setConstant(float constant) { _d = constant; }
 
+    /// Positive on the side of the normal.
     float signedDistance(const Vector3& point) const { return _normal.dot(point) + _d; }
     /// True if the distance is below the tolerance.
     bool contains(const Vector3& point, float tolerance) const;
 
+    /// The foot of the perpendicular.
     Vector3 project(const Vector3& point) const { return point - signedDistance(point) * _normal; }
     /// Along a direction of any length; one that lies in the plane leads far away.
     Vector3 project(const Vector3& point, const Vector3& direction) const;
 
+    /// @{
     /// The point of the plane with the two coordinates given, in the order of the axes. Far away for a plane
     /// along the missing axis.
     Vector3 zCoordinate(float x, float y) const;
@@ -43,6 +46,7 @@ public:
     Vector3 yCoordinate(const Vector2& xz) const { return yCoordinate(xz.x, xz.y); }
     Vector3 xCoordinate(float y, float z) const;
     Vector3 xCoordinate(const Vector2& yz) const { return xCoordinate(yz.x, yz.y); }
+    /// @}
 
     bool operator==(const Plane3& other) const { return _normal == other._normal && _d == other._d; }
     bool operator!=(const Plane3& other) const { return !(*this == other); }

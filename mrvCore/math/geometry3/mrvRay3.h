@@ -13,6 +13,7 @@ public:
     Ray3() = default;
     Ray3(const Vector3& source, const Vector3& direction) : _source(source), _direction(direction) {}
 
+    /// The point at a parameter.
     Vector3 value(float t) const { return _source + _direction * t; }
 
     /// Parameter of the foot of the perpendicular on the ray's line, and the way from there to the point.

@@ -19,6 +19,7 @@ public:
 
     /// Drops an axis, as Vector3::project() does.
     Segment2 project(Axis::Value axis) const;
+    /// Drops the z axis.
     Segment2 projectZ() const;
 
     /// The closest points `a` of `p` and `b` of `q`, at the fractions `s` and `t`. Of parallel segments the
@@ -36,16 +37,19 @@ public:
 
     /// True if the way from end to end over the point is at most `tolerance` longer than the segment.
     bool contains(const Vector3& point, float tolerance) const;
+    /// The point of the segment that is nearest.
     Vector3 closestPoint(const Vector3& point) const;
     /// True if the foot of the perpendicular lies in the segment, `_p1` excluded and `_p2` included.
     bool projectsOn(const Vector3& point) const;
 
     Segment3 operator+(const Vector3& offset) const { return Segment3(_p1 + offset, _p2 + offset); }
 
+    /// @{
     /// Each compares end with end, so a segment does not equal its reverse.
     bool operator==(const Segment3& other) const { return _p1 == other._p1 && _p2 == other._p2; }
     bool operator!=(const Segment3& other) const { return !(*this == other); }
     bool approxEqual(const Segment3& other, float tolerance) const;
+    /// @}
     /// For sorted containers: by `_p1`, then `_p2`.
     bool operator<(const Segment3& other) const;
 

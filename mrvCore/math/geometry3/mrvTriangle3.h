@@ -51,6 +51,7 @@ public:
     Vector3 getNormal(const Vector3& reference) const;
     const Vector3& getUAxis() const { return _uAxis; }
     const Vector3& getVAxis() const { return _vAxis; }
+    /// The point at these axis coordinates, which may lie outside.
     Vector3 computePositionFromUV(float u, float v) const { return _points[0] + u * _uAxis + v * _vAxis; }
 
     /// Where the segment crosses the triangle, by the ray test; one in the triangle's plane does not.

@@ -15,6 +15,7 @@ public:
 
     /// True if the point is inside, or outside by less than the tolerance.
     virtual bool contains(const Vector3& point, float tolerance) const = 0;
+    /// The corners of the box around the volume.
     virtual void retrieveBoundingBox(Vector3& min, Vector3& max) const = 0;
     /// A copy that the caller deletes.
     virtual Volume* clone() const = 0;

@@ -20,7 +20,9 @@ public:
     /// True if the angle is wrapped.
     static bool isModulo(Angle angle) { return angle >= -PI_ANGLE && angle < PI_ANGLE; }
 
+    /// The angle, wrapped.
     static Angle getModuloValue(Angle angle);
+    /// Wraps the angle.
     static void moduloSelf(Angle& angle) { angle = getModuloValue(angle); }
     /// The same for degrees: [-180, 180).
     static float getModuloValueDegree(float degrees);
@@ -29,9 +31,12 @@ public:
 
     /// True if the angles, wrapped, are at most `tolerance` apart; -pi and pi are neighbours.
     static bool approxEqual(Angle a, Angle b, float tolerance);
+    /// @{
     /// The same for each pair of components.
     static bool approxEqual(const Vector3& a, const Vector3& b, float tolerance);
     static bool approxEqual(const Vector4& a, const Vector4& b, float tolerance);
+    /// @}
+    /// The opposite of approxEqual().
     static bool approxDiff(Angle a, Angle b, float tolerance) { return !approxEqual(a, b, tolerance); }
     static bool approxDiff(const Vector3& a, const Vector3& b, float tolerance)
     {
@@ -51,10 +56,13 @@ public:
     /// Uniform over the full circle, from 0 to 2 pi.
     static Angle randomAngle(RandomNumberGenerator& rng);
 
+    /// @{
+    /// Conversions by one product; a "d" at the end is for `double`.
     static float radianToDegree(float radians) { return radians * 57.29578f; }
     static double radianToDegreed(double radians) { return radians * 57.29577951308232; }
     static float degreeToRadian(float degrees) { return degrees * 0.017453292f; }
     static double degreeToRadiand(double degrees) { return degrees * 0.017453292519943295; }
+    /// @}
 };
 
 /// The unsigned angle between two vectors of any length, in [0, pi]; with a null vector it is pi / 2.

@@ -20,6 +20,7 @@ public:
     /// True if every component of the axes differs by at most `tolerance` and the angles are equal by
     /// AngleUtils::approxEqual; the same rotation about the opposite axis does not count.
     MRV_CORE_API static bool approxEqual(const AxisAngle& a, const AxisAngle& b, float tolerance);
+    /// The opposite of approxEqual().
     static bool approxDiff(const AxisAngle& a, const AxisAngle& b, float tolerance)
     {
         return !approxEqual(a, b, tolerance);

@@ -56,6 +56,7 @@ public:
     MRV_CORE_API void setPivotY(Angle angle);
     MRV_CORE_API void setPivotZ(Angle angle);
 
+    /// @{
     /// Scales to unit length by a true square root and division, unlike the vectors: rotations are stored,
     /// and are the same on every processor. The null quaternion stays null.
     void normalizeSelf() { *this = computeNormalize(); }
@@ -63,17 +64,21 @@ public:
     {
         return *this * (1.0f / __builtin_sqrtf(norm2() + internal::SMALLEST_NORM2));
     }
+    /// @}
 
+    /// @{
     /// The conjugate is (x, y, z, -w), for the rotation the same as (-x, -y, -z, w); what is stored has
     /// this form. It is the inverse too, on the assumption of unit length.
     Quaternion computeConjugate() const { return Quaternion(x, y, z, -w); }
     void conjugateSelf() { w = -w; }
     Quaternion computeInverse() const { return computeConjugate(); }
     void inverseSelf() { conjugateSelf(); }
+    /// @}
 
     using FloatVector::operator*=;
     using FloatVector::operator/=;
     Quaternion& operator*=(const Quaternion& other) { return *this = *this * other; }
+    /// As *=, for callers that take the address of an operation.
     void multiplySelfNoReturn(const Quaternion& other) { *this *= other; }
 
     /// This rotation after the inverse of `divisor`. If this quaternion has not unit length, and is not
@@ -81,7 +86,8 @@ public:
     MRV_CORE_API Quaternion operator/(const Quaternion& divisor) const;
     Quaternion& operator/=(const Quaternion& divisor) { return *this = *this / divisor; }
 
-    // Images of the unit axes: the columns of the rotation matrix.
+    /// @{
+    /// Images of the unit axes: the columns of the rotation matrix.
     Vector3 mulByUnitVectorX() const
     {
         return Vector3(1.0f - 2.0f * y * y - 2.0f * z * z, 2.0f * x * y + 2.0f * w * z,
@@ -100,6 +106,7 @@ public:
     Vector3 getColumnX() const { return mulByUnitVectorX(); }
     Vector3 getColumnY() const { return mulByUnitVectorY(); }
     Vector3 getColumnZ() const { return mulByUnitVectorZ(); }
+    /// @}
     // The rows are the columns of the inverse.
     Vector3 getRow0() const { return computeInverse().mulByUnitVectorX(); }
     Vector3 getRow1() const { return computeInverse().mulByUnitVectorY(); }
@@ -124,6 +131,7 @@ public:
     /// Angle of the rotation from `a` to `b`, in [0, pi].
     MRV_CORE_API static Angle angularDistance(const Quaternion& a, const Quaternion& b);
 
+    /// Sum of the products of the components.
     static float dotProduct(const Quaternion& a, const Quaternion& b) { return a.dot(b); }
 
     /// The shortest rotation that turns one unit vector into the other. Of opposite ones it is a half turn
@@ -135,8 +143,8 @@ public:
                                                                    const Vector3& translation,
                                                                    Quaternion* out);
 
-    // Rotations and products with an output, which may be an argument too.
-
+    /// @{
+    /// Rotations and products with an output, which may be an argument too.
     static void mul(Vector3& out, const Quaternion& q, const Vector3& v) { out = q * v; }
     static void mulAdd(Vector3& out, const Vector3& add, const Quaternion& q, const Vector3& v)
     {
@@ -150,6 +158,7 @@ public:
     {
         out = a * b * c;
     }
+    /// @}
     /// Four products at once, element by element; to the bit what the operator gives.
     MRV_CORE_API static void mul_4(Quaternion* out, const Quaternion* a, const Quaternion* b);
 
@@ -184,6 +193,7 @@ static_assert(sizeof(Quaternion) == 16, "files and graphics code read arrays of 
 /// A rotation about Z.
 MRV_CORE_API Quaternion quaternionFromAngle(float angle);
 
+/// The same as q * v, with an output that may be `v`.
 inline void rotateVecByQuat(Vector3& out, const Quaternion& q, const Vector3& v)
 {
     out = q * v;

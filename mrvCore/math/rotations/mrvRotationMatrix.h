@@ -37,11 +37,13 @@ public:
 
     Vector3& operator[](unsigned int row) { return _matrix[row]; }
     const Vector3& operator[](unsigned int row) const { return _matrix[row]; }
+    /// Copies a column; the index is not checked.
     void column(unsigned int index, Vector3& out) const
     {
         out = Vector3(_matrix[0][index], _matrix[1][index], _matrix[2][index]);
     }
 
+    /// Rows and columns exchanged: the inverse of a rotation.
     RotationMatrix transpose() const
     {
         return RotationMatrix(_matrix[0].x, _matrix[1].x, _matrix[2].x, _matrix[0].y, _matrix[1].y,

@@ -51,6 +51,8 @@ public:
     {}
     Matrix4& operator=(float value) { return *this = Matrix4(value); }
 
+    /// @{
+    /// All elements in row order, at any address.
     void set(float m00, float m01, float m02, float m03, float m10, float m11, float m12, float m13,
              float m20, float m21, float m22, float m23, float m30, float m31, float m32, float m33)
     {
@@ -58,23 +60,29 @@ public:
     }
     void set(const float* elements) { __builtin_memcpy(floats(), elements, sizeof(_matrix)); }
     void set(const float (&elements)[4][4]) { set(reinterpret_cast<const float*>(elements)); }
+    /// @}
 
+    /// @{
     /// The 16 elements in row order.
     float* floats() { return reinterpret_cast<float*>(_matrix); }
     const float* const_floats() const { return reinterpret_cast<const float*>(_matrix); }
+    /// @}
 
     Vector4& operator[](unsigned int row) { return _matrix[row]; }
     const Vector4& operator[](unsigned int row) const { return _matrix[row]; }
+    /// Copies a column; the index is not checked.
     void column(unsigned int index, Vector4& out) const
     {
         out = Vector4(_matrix[0][index], _matrix[1][index], _matrix[2][index], _matrix[3][index]);
     }
 
-    // Rows 0 to 3 without their last element.
+    /// @{
+    /// Rows 0 to 3 without their last element.
     Vector3 right() const { return rowAsVector(0); }
     Vector3 up() const { return rowAsVector(1); }
     Vector3 dir() const { return rowAsVector(2); }
     Vector3 position() const { return rowAsVector(3); }
+    /// @}
     /// Writes the translation and leaves the last element of its row.
     void setPosition(const Vector3& position) { setRow(3, position); }
 
@@ -87,6 +95,7 @@ public:
     /// The lengths of rows 0 to 2.
     Vector3 computeScale() const { return Vector3(right().norm(), up().norm(), dir().norm()); }
 
+    /// Of the whole matrix.
     MRV_CORE_API float GetDeterminant() const;
 
     /// Writes the 3x3 block element by element and leaves row 3 and column 3. Such a matrix applies the
@@ -116,6 +125,7 @@ public:
 
     /// A projection with the depth range -1 to 1; `fovY` in degrees.
     MRV_CORE_API void perspective(float fovY, float aspect, float nearDistance, float farDistance);
+    /// The same by the sides of the near rectangle.
     MRV_CORE_API void frustum(float left, float right, float bottom, float top, float nearDistance,
                               float farDistance);
     /// A projection with the depth range 0 to 1, unlike those above; callers rely on it.
@@ -123,12 +133,16 @@ public:
                             float farDistance);
     /// A placement at `eye` whose row 2 points to the target.
     MRV_CORE_API void lookAt(const Vector3& eye, const Vector3& target, const Vector3& up);
+    /// @{
     /// A view matrix, in which the eye looks along -z. Both names are one operation.
     MRV_CORE_API void lookAtLH(const Vector3& eye, const Vector3& target, const Vector3& up);
     MRV_CORE_API void lookAtRH(const Vector3& eye, const Vector3& target, const Vector3& up);
+    /// @}
     /// A rotation about an axis of any length but 0.
     MRV_CORE_API void rotationAxis(const Vector3& axis, Angle angle);
+    /// A move by an offset.
     MRV_CORE_API void translation(const Vector3& offset);
+    /// A stretch along the axes.
     MRV_CORE_API void scale(const Vector3& factors);
 
     /// Writes the inverse of `source`, which may be this matrix, and returns the determinant of the part

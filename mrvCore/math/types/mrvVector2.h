@@ -29,10 +29,14 @@ public:
     void setNull() { fill(0.0f); }
     void setValues(float valueX, float valueY) { *this = Vector2(valueX, valueY); }
 
+    /// @{
     /// As Vector3's, with `added` in place of the amount that is added to the squared norm there.
     void normalizeSelf(float added = internal::SMALLEST_NORM2) { *this = computeNormalize(added); }
     Vector2 computeNormalize(float added = internal::SMALLEST_NORM2) const { return scaledToUnit(added); }
+    /// @}
 
+    /// @{
+    /// Counterclockwise. The output may be this vector.
     Vector2 rotate(float cosine, float sine) const
     {
         return Vector2(cosine * x - sine * y, sine * x + cosine * y);
@@ -41,10 +45,13 @@ public:
     void rotate(Angle angle, Vector2& out) const { out = rotate(angle); }
     void rotateSelf(float cosine, float sine) { *this = rotate(cosine, sine); }
     void rotateSelf(Angle angle) { *this = rotate(angle); }
+    /// @}
 
+    /// @{
     /// By a quarter turn, without rounding.
     void rotate90(Vector2& out) const { out = Vector2(-y, x); }
     void rotateSelf90() { rotate90(*this); }
+    /// @}
 
     /// Angle from the x axis, in [-pi, pi]; 0 for the null vector.
     MRV_CORE_API Angle getAngle() const;

@@ -60,11 +60,14 @@ public:
     void setNull() { fill(0.0f); }
     void setValues(float valueX, float valueY, float valueZ) { *this = Vector3(valueX, valueY, valueZ); }
 
+    /// @{
     /// Scales to a norm of 1 by the fast reciprocal square root: the norm may miss 1 by a few units of the
     /// last place. A null vector stays null.
     void normalizeSelf() { *this = computeNormalize(); }
     Vector3 computeNormalize() const { return scaledToUnit(internal::SMALLEST_NORM2); }
+    /// @}
 
+    /// @{
     /// Component by component; a NaN in the argument changes nothing.
     void minSelf(const Vector3& other)
     {
@@ -74,6 +77,7 @@ public:
     {
         *this = Vector3(other.x > x ? other.x : x, other.y > y ? other.y : y, other.z > z ? other.z : z);
     }
+    /// @}
     /// Where the bounds cross, `max` wins.
     void clampSelf(const Vector3& min, const Vector3& max)
     {
@@ -81,12 +85,16 @@ public:
         minSelf(max);
     }
 
+    /// @{
+    /// Component by component; a division by 0 gives infinities and NaN.
     void mulSelf(const Vector3& other) { *this = Vector3(internal::load(this) * internal::load(&other)); }
     void divSelf(const Vector3& other) { *this = Vector3(x / other.x, y / other.y, z / other.z); }
+    /// @}
 
     /// Drops the named axis and keeps the other two in order; anything but an axis is fatal.
     MRV_CORE_API Vector2 project(Axis::Value axis) const;
     void project(Axis::Value axis, Vector2& out) const { out = project(axis); }
+    /// The vector without z.
     Vector2 projectZ() const { return Vector2(x, y); }
 
     /// Drops the part along `direction`, of any length but 0: the shadow on the plane that it stands on.
@@ -95,13 +103,17 @@ public:
         return *this - direction * (dot(direction) / (direction.norm2() + internal::SMALLEST_NORM2));
     }
 
+    /// @{
+    /// Counterclockwise about the z axis.
     Vector3 computeRotateZ(Angle angle) const
     {
         const Vector2 turned = projectZ().rotate(angle);
         return Vector3(turned.x, turned.y, z);
     }
     void rotateZSelf(Angle angle) { *this = computeRotateZ(angle); }
+    /// @}
 
+    /// The cross product, right-handed.
     Vector3 cross(const Vector3& other) const
     {
         const internal::Float4 a = internal::load(this);

@@ -41,9 +41,11 @@ public:
         *this = Vector4(valueX, valueY, valueZ, valueW);
     }
 
+    /// @{
     /// As Vector3's, with `added` in place of the amount that is added to the squared norm there.
     void normalizeSelf(float added = internal::SMALLEST_NORM2) { *this = computeNormalize(added); }
     Vector4 computeNormalize(float added = internal::SMALLEST_NORM2) const { return scaledToUnit(added); }
+    /// @}
 };
 
 static_assert(sizeof(Vector4) == 16, "four of these are the 16 floats of a matrix");

@@ -36,6 +36,7 @@ public:
         return item;
     }
 
+    /// Gives an item back, which is destroyed if this recycler constructs.
     void recycle(Item* item)
     {
         if constexpr (constructed)

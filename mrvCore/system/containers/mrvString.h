@@ -119,6 +119,7 @@ public:
         _data.addOne() = '\0';
         _data[_data.size() - 2] = character;
     }
+    /// Puts text behind this one.
     MrvString& append(const MrvString& text) { return append(text.c_str(), text.size()); }
     MrvString& append(const MrvString& text, size_t position, size_t count);
     MrvString& append(const char* text) { return append(text, std::strlen(text)); }
@@ -136,6 +137,7 @@ public:
     MrvString& operator+=(int number) { return *this += static_cast<int64_t>(number); }
     MrvString& operator+=(int64_t number);
 
+    /// Becomes the given text.
     MrvString& assign(const MrvString& text) { return *this = text; }
     MrvString& assign(const MrvString& text, size_t position, size_t count);
     MrvString& assign(const char* text) { return assign(text, std::strlen(text)); }
@@ -152,6 +154,7 @@ public:
 
     MrvString& erase(size_t position = 0, size_t count = npos) { return replace(position, count, "", 0); }
 
+    /// Puts the text in place of `count` characters.
     MrvString& replace(size_t position, size_t count, const MrvString& text)
     {
         return replace(position, count, text.c_str(), text.size());
@@ -164,6 +167,7 @@ public:
     MrvString& replace(size_t position, size_t count, const char* text, size_t textCount);
     MrvString& replace(size_t position, size_t count, const MrvString& text, size_t textPosition,
                        size_t textCount);
+    /// Puts one character in place of another everywhere.
     void replaceAll(char from, char to);
 
     /// First place at or after `start`, npos if there is none. An empty text is found at `start` when that
@@ -189,6 +193,7 @@ public:
     size_t rfind(const char* text, size_t start, size_t count) const;
     size_t rfind(char character, size_t start = npos) const;
 
+    /// @{
     /// First or last character at or after, at or before `start` that is, or is not, in the set.
     size_t find_first_of(const MrvString& set, size_t start = 0) const;
     size_t find_first_of(char character, size_t start = 0) const { return find(character, start); }
@@ -198,7 +203,9 @@ public:
     size_t find_first_not_of(char character, size_t start = 0) const;
     size_t find_last_not_of(const MrvString& set, size_t start = npos) const;
     size_t find_last_not_of(char character, size_t start = npos) const;
+    /// @}
 
+    /// A part of the text.
     MrvString substr(size_t position = 0, size_t count = npos) const
     {
         return MrvString(*this, position, count);
@@ -219,14 +226,18 @@ public:
     bool operator!=(const MrvString& other) const { return !(*this == other); }
     bool operator!=(const char* text) const { return !(*this == text); }
 
+    /// @{
     /// Byte by byte by the C library's toupper and tolower.
     void toUpperSelf();
     void toLowerSelf();
+    /// @}
 
+    /// @{
     /// Remove all characters of the set from the front, the back or both.
     MrvString& ltrim(const MrvString& set);
     MrvString& rtrim(const MrvString& set);
     MrvString& trim(const MrvString& set);
+    /// @}
 
 private:
     /// True for an address in this text or of its terminator.

@@ -9,6 +9,7 @@ namespace mrv {
 
 class DataItem;
 
+/// How writing a file of data items ended.
 struct SaveXMLDataFileErrorCode
 {
     enum Value { SUCCESS, FILE_CREATION_FAILED, END };
@@ -26,6 +27,7 @@ public:
 
     /// Fills the item from a file. Failure is fatal.
     virtual void read(const char* fileName, DataItem& item) = 0;
+    /// Writes the item into a file, in place of a former one.
     virtual SaveXMLDataFileErrorCode::Value write(const char* fileName, DataItem& item) = 0;
 
     /// The file last read; what a file includes lies beside it.

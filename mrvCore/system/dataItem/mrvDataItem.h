@@ -32,6 +32,7 @@ using EnableIfNoText = std::enable_if_t<!std::is_pointer_v<std::decay_t<T>>>;
 class MRV_CORE_API DataItem
 {
 public:
+    /// An attribute of an element.
     struct AttributeItem
     {
         internal::ItemShortText _name;
@@ -63,6 +64,7 @@ public:
     Array<const DataItem*> getChildren(const char* name, bool recursive) const;
     Array<DataItem*> touchChildren(const char* name, bool recursive);
 
+    /// Appends a copy, also of an item of this tree.
     void addChild(const DataItem& child);
     /// Appends an empty child.
     DataItem& addChild();

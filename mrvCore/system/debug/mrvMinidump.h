@@ -18,6 +18,7 @@ namespace mrv {
 class MRV_CORE_API Minidump
 {
 public:
+    /// What a user hears of a crash.
     struct Reporting
     {
         enum Value { NO_REPORT, MESSAGE_BOX, END };

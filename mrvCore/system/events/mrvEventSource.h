@@ -21,6 +21,7 @@ public:
     EventSource& operator=(const EventSource&) = default;
     virtual ~EventSource() = default;
 
+    /// Registers a listener behind those that are there.
     void addListener(Listener& listener) { _listeners.push_back(&listener); }
 
     /// Removes the first registration of a listener; does nothing for one that is not registered.

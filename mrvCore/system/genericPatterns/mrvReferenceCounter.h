@@ -22,6 +22,7 @@ public:
     /// A snapshot; with owners on other threads it may be outdated when it arrives.
     int getReferenceCount() const { return atomicLoadRelaxed(_referenceCount); }
 
+    /// Counts one more owner.
     void incrementReferenceCount() { atomicFetchAddRelaxed(_referenceCount, 1); }
 
     /// Returns the count that is left. What any owner did before its decrement is visible to the one who

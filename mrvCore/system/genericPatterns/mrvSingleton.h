@@ -30,6 +30,7 @@ public:
             _instance = new T;
     }
 
+    /// Deletes the instance, if there is one.
     static void destroy()
     {
         delete _instance;

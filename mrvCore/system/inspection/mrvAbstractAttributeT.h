@@ -104,6 +104,7 @@ public:
     virtual void setValue(Owner&, T) const { this->endNotImplemented(); }
 };
 
+/// The form of pointers.
 template <typename T, typename Owner>
 class AbstractAttributeT<T*, Owner> : public internal::TypedAttribute<T*, Owner>
 {
@@ -113,6 +114,7 @@ public:
     virtual void setPointer(Owner*, T*) const { this->endNotImplemented(); }
 };
 
+/// The form of pointers to what is not changed through them.
 template <typename T, typename Owner>
 class AbstractAttributeT<const T*, Owner> : public internal::TypedAttribute<const T*, Owner>
 {
@@ -122,6 +124,7 @@ public:
     virtual void setConstPointer(Owner&, const T*) const { this->endNotImplemented(); }
 };
 
+/// The form of values that are reached by reference.
 template <typename T, typename Owner>
 class AbstractAttributeT<const T&, Owner> : public internal::TypedAttribute<const T&, Owner>
 {

@@ -42,6 +42,7 @@ template <typename Composite>
 class CompositeRTTIAccessor
 {
 public:
+    /// Makes the record, or counts one more user of it.
     static void createClassRTTI()
     {
         Composite::createElements();
@@ -54,6 +55,7 @@ public:
         record->incrementCounter();
     }
 
+    /// Counts one user less; the last one deletes the record. Nothing for a type without one.
     static void releaseClassRTTI()
     {
         RTTI* record = touchClassRTTI();

@@ -118,8 +118,11 @@ public:
     void isRemoving(bool removing) const { _removingAttributes = removing; }
 
     unsigned int getCounter() const { return _counter; }
+    /// @{
+    /// Count and discount a user; nothing else happens here.
     void incrementCounter() const { ++_counter; }
     void decrementCounter() const { --_counter; }
+    /// @}
 
     /// Declares the base class B, or takes the declaration back in removal mode.
     template <typename B>

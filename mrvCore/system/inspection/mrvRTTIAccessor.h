@@ -23,9 +23,12 @@ template <typename T>
 class BaseTypeAccessor
 {
 public:
+    /// @{
+    /// Count and discount a user.
     static void createClassRTTI();
     static void destroyClassRTTI();
     static void releaseClassRTTI() { destroyClassRTTI(); }
+    /// @}
     static const RTTI& getClassRTTI() { return *_rtti; }
 
     static void setRTTI(RTTI* rtti) { _rtti = rtti; }
@@ -46,10 +49,13 @@ template <typename T>
 class RTTIAccessor
 {
 public:
+    /// @{
+    /// As told of the class.
     static void createClassRTTI() { T::createClassRTTI(false); }
     static void destroyClassRTTI() { T::destroyClassRTTI(false); }
     static void releaseClassRTTI() { destroyClassRTTI(); }
     static const RTTI& getClassRTTI() { return T::getClassRTTI(); }
+    /// @}
 };
 
 /// The base types, in the order of their registration.

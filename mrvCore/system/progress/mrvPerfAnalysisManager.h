@@ -24,11 +24,13 @@ namespace mrv {
 class MRV_CORE_API PerfAnalysisManager
 {
 public:
+    /// What an event is about.
     struct EventType
     {
         enum Value { PERF, MEMORY_USAGE, FRAMEDATA_HANDLING, END };
     };
 
+    /// Unit of its value.
     struct EventUnit
     {
         enum Value {
@@ -44,6 +46,7 @@ public:
         };
     };
 
+    /// One measurement.
     struct MRV_CORE_API Event
     {
         /// An event of the calling thread, now.

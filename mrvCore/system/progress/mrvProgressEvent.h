@@ -15,6 +15,7 @@ class Progress;
 class MRV_CORE_API ProgressEvent : public Event<Progress>
 {
 public:
+    /// What happened.
     struct Type
     {
         enum Value { NONE, START, PROGRESS, MESSAGE, SUCCES, FAILURE, END };

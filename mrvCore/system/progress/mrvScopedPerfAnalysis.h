@@ -23,8 +23,11 @@ public:
     ScopedPerfAnalysis(const ScopedPerfAnalysis&) = delete;
     ScopedPerfAnalysis& operator=(const ScopedPerfAnalysis&) = delete;
 
+    /// @{
+    /// Each sends an event, whose flag is 0 before the first start() and 1 behind it. The constructor starts.
     void start();
     void end();
+    /// @}
 
 private:
     void createAndAddPerfEvent() const;

@@ -15,6 +15,7 @@ namespace mrv {
 /// block, or 0.
 MRV_CORE_API int openTCPSocket(const char* address, unsigned short port, int interruption = -1);
 
+/// Gives the descriptor back.
 MRV_CORE_API void closeTCPSocket(int socket);
 
 /// Sends the whole text without its terminator and returns its length, -1 on failure. A server that takes

@@ -67,6 +67,7 @@ public:
     bool isFirstPass() const { return _firstPass; }
     void setFirstPass(bool firstPass);
 
+    /// @{
     /// Values that attributes behind references leave from the first pass of reading to the second, first
     /// in, first out. A pop of another attribute's value, or of none, is a warning and null.
     /// After each of the two, leaveFifoValue() follows when the value has been read.
@@ -79,12 +80,16 @@ public:
         return _readIdentities.popValue(attribute);
     }
     void leaveFifoValue() { _readIdentities.leaveValue(); }
+    /// @}
 
+    /// @{
     /// Raw bytes, in both passes.
     void write(const char* bytes, unsigned int count);
     void read(char* bytes, unsigned int count);
+    /// @}
 
-    /// Typed values are written in the second pass only.
+    /// @{
+    /// Typed values, which are written in the second pass only and read in both.
     void write(bool value) { writePlain(static_cast<char>(value)); }
     void write(char value) { writePlain(value); }
     void write(unsigned char value) { writePlain(value); }
@@ -175,7 +180,9 @@ public:
     void write(const MrvMap<K, V>& map);
     template <typename K, typename V>
     void read(MrvMap<K, V>& map);
+    /// @}
 
+    /// @{
     /// Any of these, an object by value: what attributes and elements are written and read with.
     template <typename T>
     void writeValue(const T& value)
@@ -190,6 +197,7 @@ public:
     {
         read(value);
     }
+    /// @}
     /// A value that is gone when its reader returns: no pointer of the graph reaches an object inside it.
     template <typename T>
     void readLocalValue(T& value)

@@ -68,6 +68,7 @@ public:
     template <typename T>
     bool unpack(const DataItem& item, T& object);
 
+    /// @{
     /// Values that attributes behind references leave from the first pass of reading to the second, first
     /// in, first out. A pop of another attribute's value, or of none, is a warning and null.
     /// After each of the two, leaveFifoValue() follows when the value has been read.
@@ -80,6 +81,7 @@ public:
         return _readIdentities.popValue(attribute);
     }
     void leaveFifoValue() { _readIdentities.leaveValue(); }
+    /// @}
 
     /// Plain values, in the second pass only.
     void write(DataItem& item, bool value);
@@ -121,12 +123,15 @@ public:
     void read(const DataItem& item, Vector4& value);
     void read(const DataItem& item, Quaternion& value);
 
+    /// @{
     /// One scalar in an attribute of that name. Here for the numbers of the overloads above.
     template <typename T>
     void doWriteAttribute(DataItem& item, T value, const char* name = "value");
     template <typename T>
     void doReadAttribute(const DataItem& item, T& value, const char* name = "value");
+    /// @}
 
+    /// @{
     /// An object in full, at its place.
     template <typename T>
     void write(DataItem& item, const T& object, bool isByValue)
@@ -138,8 +143,11 @@ public:
     {
         readObject(item, &object, object.getRTTI());
     }
+    /// @}
 
-    /// A pointer to an object, or to a plain value, which stands at its first occurrence.
+    /// @{
+    /// Pointers to an object, or to a plain value, which stands at its first occurrence; arrays, pairs and
+    /// maps.
     template <typename T>
     void write(DataItem& item, T* pointer);
     template <typename T>
@@ -176,7 +184,9 @@ public:
     void write(DataItem& item, const MrvMap<K, V>& map);
     template <typename K, typename V>
     void read(const DataItem& item, MrvMap<K, V>& map);
+    /// @}
 
+    /// @{
     /// Any of these, an object by value: what attributes and elements are written and read with.
     template <typename T>
     void writeValue(DataItem& item, const T& value)
@@ -191,6 +201,7 @@ public:
     {
         read(item, value);
     }
+    /// @}
     /// A value that is gone when its reader returns: no pointer of the graph reaches an object inside it.
     template <typename T>
     void readLocalValue(const DataItem& item, T& value)

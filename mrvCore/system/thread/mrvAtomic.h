@@ -46,6 +46,9 @@ bool compareExchange(AtomicInteger<T>& value, T& expected, T desired, std::memor
 
 } // namespace internal
 
+/// @{
+/// Operations on an atomic integer, with the memory order that their name ends in. Those that change a value
+/// return the one before.
 template <class T>
 T atomicLoadRelaxed(const AtomicInteger<T>& value)
 {
@@ -70,7 +73,6 @@ void atomicStoreRelease(AtomicInteger<T>& value, internal::AtomicOperand<T> desi
     value._atomic.store(desired, std::memory_order_release);
 }
 
-/// The operations that change a value return the one before.
 template <class T>
 T atomicFetchAddRelaxed(AtomicInteger<T>& value, internal::AtomicOperand<T> term)
 {
@@ -112,6 +114,7 @@ T atomicFetchOrRelaxed(AtomicInteger<T>& value, internal::AtomicOperand<T> mask)
 {
     return value._atomic.fetch_or(mask, std::memory_order_relaxed);
 }
+/// @}
 
 /// Puts `desired` in place of `expected`; returns the value found, which is `expected` on success.
 template <class T>
@@ -138,6 +141,7 @@ bool atomicCompareExchangeAcquireBool(AtomicInteger<T>& value, internal::AtomicO
     return internal::compareExchange(value, expected, desired, std::memory_order_acquire);
 }
 
+/// @{
 /// For a flag that is a plain bool elsewhere.
 inline bool atomicLoadAcquireBool(const bool& flag)
 {
@@ -148,7 +152,9 @@ inline void atomicStoreReleaseBool(bool& flag, bool desired)
 {
     __atomic_store_n(&flag, desired, __ATOMIC_RELEASE);
 }
+/// @}
 
+/// @{
 /// Signal fences hold the compiler only; there is no instruction.
 inline void atomicSignalFenceAcquire()
 {
@@ -162,6 +168,7 @@ inline void atomicSignalFenceSequentiallyConsistent()
 {
     std::atomic_signal_fence(std::memory_order_seq_cst);
 }
+/// @}
 
 #if defined(__GNUC__) && !defined(__clang__)
 // The thread sanitizer sees no fences; what it must see stands on the operations themselves.
@@ -169,6 +176,8 @@ inline void atomicSignalFenceSequentiallyConsistent()
 #    pragma GCC diagnostic ignored "-Wpragmas"
 #    pragma GCC diagnostic ignored "-Wtsan"
 #endif
+/// @{
+/// Thread fences order the operations around them.
 inline void atomicThreadFenceAcquire()
 {
     std::atomic_thread_fence(std::memory_order_acquire);
@@ -181,6 +190,7 @@ inline void atomicThreadFenceSequentiallyConsistent()
 {
     std::atomic_thread_fence(std::memory_order_seq_cst);
 }
+/// @}
 #if defined(__GNUC__) && !defined(__clang__)
 #    pragma GCC diagnostic pop
 #endif

@@ -18,7 +18,9 @@ public:
 
     /// Throws std::system_error if the platform call fails.
     void lock();
+    /// Takes the mutex if it is free; never waits.
     bool trylock();
+    /// On the thread that holds it.
     void unlock();
 
 private:

@@ -45,12 +45,15 @@ class RWSpinLock
 public:
     RWSpinLock() { createReaderWriterSpinLock(_rwspinlock); }
 
+    /// @{
+    /// As the functions of these names.
     void lockReader() { mrv::lockReader(_rwspinlock); }
     bool trylockReader() { return mrv::trylockReader(_rwspinlock); }
     void unlockReader() { mrv::unlockReader(_rwspinlock); }
     void lockWriter() { mrv::lockWriter(_rwspinlock); }
     bool trylockWriter() { return mrv::trylockWriter(_rwspinlock); }
     void unlockWriter() { mrv::unlockWriter(_rwspinlock); }
+    /// @}
 
 private:
     rwspinlockdef_t _rwspinlock;

@@ -37,6 +37,7 @@ inline void lock(spinlockdef_t& spinlock)
         yieldCurrentThread();
 }
 
+/// Makes the lock free, whichever thread took it.
 inline void unlock(spinlockdef_t& spinlock)
 {
     atomicStoreRelease(spinlock._isLocked, 0);
@@ -49,9 +50,12 @@ class SpinLock
 public:
     SpinLock() { createSpinLock(_spinlock); }
 
+    /// @{
+    /// As the functions of these names.
     void lock() { mrv::lock(_spinlock); }
     bool trylock() { return mrv::trylock(_spinlock); }
     void unlock() { mrv::unlock(_spinlock); }
+    /// @}
 
 private:
     spinlockdef_t _spinlock;

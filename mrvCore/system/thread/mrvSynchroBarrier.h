@@ -35,9 +35,11 @@ public:
     /// Ends the round for those who wait now. False on a failure.
     bool launch();
 
+    /// @{
     /// Hold and release what guards the barrier, so that nobody arrives or leaves. False on a failure.
     bool lock();
     bool unlock();
+    /// @}
 
 private:
     bool internal_launch();

@@ -42,6 +42,7 @@ MRV_CORE_API bool createThread(threaddef_t& threadDef, threadroutine_t routine, 
 /// Waits for the end of the thread; the definition can then be used again. False without a thread.
 MRV_CORE_API bool joinThread(threaddef_t& threadDef);
 
+/// Makes it the id of no thread.
 MRV_CORE_API void resetThreadId(threadid_t& threadId);
 
 /// The id as an integer, 0 for none.

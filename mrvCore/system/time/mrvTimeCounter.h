@@ -12,8 +12,11 @@ namespace mrv {
 class TimeCounter
 {
 public:
+    /// @{
+    /// Each notes the time.
     void start() { _startTimeInTicks = now(); }
     void stop() { _stopTimeInTicks = now(); }
+    /// @}
 
     timetick_t getStartTimeInTicks() const { return _startTimeInTicks; }
     timetick_t getStopTimeInTicks() const { return _stopTimeInTicks; }

@@ -10,6 +10,7 @@ namespace mrv {
 class TimeFrameCounter
 {
 public:
+    /// One frame more.
     void increment() { ++_timeFrameCount; }
     timeframe_t getFrameCount() const { return _timeFrameCount; }
 

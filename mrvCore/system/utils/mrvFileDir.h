@@ -18,6 +18,7 @@ class MRV_CORE_API FileDir
 public:
     /// As fopen: null on failure, closed by the caller.
     static FILE* open(const MrvString& path, const char* mode);
+    /// True for whatever the name leads to, a directory included.
     static bool exist(const MrvString& path);
     /// Size in bytes; 0 for what cannot be opened for reading, and for a directory.
     static long size(const MrvString& path);
@@ -38,8 +39,11 @@ public:
     /// True if both files can be read and hold the same bytes.
     static bool sameContent(const MrvString& a, const MrvString& b);
 
+    /// @{
+    /// The separator of paths.
     static char slashChr() { return '/'; }
     static const char* slashStr() { return "/"; }
+    /// @}
     /// Expands environment variables written as %NAME%, then turns backslashes into slashes.
     static MrvString correctPath(const MrvString& path);
 

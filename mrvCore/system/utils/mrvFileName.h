@@ -35,18 +35,22 @@ public:
     MrvString fullname() const { return pathname(true) + filename(); }
     /// The same with another extension, whose dot is always written.
     MrvString fullname(const MrvString& extension) const { return pathname(true) + filename(extension); }
+    /// The same without extension and dot.
     MrvString fullnameNoExt() const { return pathname(true) + m_filename; }
 
     /// Name and extension, without a dot if there is no extension.
     MrvString filename() const { return hasExtension() ? filename(m_extension) : m_filename; }
     MrvString filename(const MrvString& extension) const { return m_filename + '.' + extension; }
+    /// The name alone.
     MrvString filenameNoExt() const { return m_filename; }
 
+    /// The folder, "." for a path without one.
     MrvString pathname(bool withTrailingSlash = false) const
     {
         return withTrailingSlash ? m_filepath + '/' : m_filepath;
     }
 
+    /// Without its dot; empty for a name without one.
     MrvString extension() const { return m_extension; }
     /// Replaces the stored extension; given without its dot.
     void extension(const MrvString& newExtension) { m_extension = newExtension; }

@@ -16,8 +16,10 @@ namespace mrv {
 
 /// True if `prefix` stands at `position`; an empty prefix stands at every position up to the end.
 MRV_CORE_API bool startsWith(const MrvString& text, const MrvString& prefix, size_t position = 0);
+/// True if `suffix` stands at the end; an empty one always does.
 MRV_CORE_API bool endsWith(const MrvString& text, const MrvString& suffix);
 
+/// The text with one character in place of another.
 MRV_CORE_API MrvString replaceChar(const MrvString& text, char from, char to);
 /// Replaces every occurrence from left to right; what was put in is not searched again. An empty `from`
 /// gives the text as it is.
@@ -58,13 +60,16 @@ MRV_CORE_API bool fromString(const MrvString& text, T& value);
 /// All pieces between the separators, empty ones included: ",a," gives "", "a" and "". The text is the one
 /// piece if it or the separator is empty. `out` is emptied first and may not hold the arguments.
 MRV_CORE_API void split(const MrvString& text, const MrvString& separator, Array<MrvString>& out);
+/// The same as a result.
 MRV_CORE_API Array<MrvString> stringToStringArray(const MrvString& text, const MrvString& separator);
 
+/// @{
 /// The elements with the separator between them; numbers as operator+ writes them.
 MRV_CORE_API MrvString stringArrayToString(const Array<MrvString>& array, const MrvString& separator);
 MRV_CORE_API MrvString doubleArrayToString(const PODArray<double>& array, const MrvString& separator);
 MRV_CORE_API MrvString intArrayToString(const PODArray<int>& array, const MrvString& separator);
 MRV_CORE_API MrvString int64ArrayToString(const PODArray<int64_t>& array, const MrvString& separator);
+/// @}
 
 /// Reads a list in the style of a printer's page dialog, such as "1,3,5-9", into `out`, emptied first.
 ///

@@ -20,6 +20,7 @@ public:
     class Sink
     {
     public:
+        /// `size` bytes, valid during the call.
         virtual void put(const char* text, size_t size) = 0;
 
     protected:
