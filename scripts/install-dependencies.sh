@@ -8,6 +8,7 @@
 #       benchmarks  also the peers that the benchmarks run beside the library
 #       docs        also what builds the pages of the public headers
 #       fuzz        also the compiler of the fuzz targets
+#       farm        also Slurm, for scripts/farm/try.sh
 #
 # MRV_REQUIRE_BREAKPAD=1 makes it an error when Breakpad cannot be had; otherwise the library is
 # built without crash capture.
@@ -28,6 +29,7 @@ for group in "$@"; do
             libcgal-dev libembree-dev libboost-dev) ;;
         docs) packages+=(doxygen) ;;
         fuzz) packages+=(clang libclang-rt-14-dev) ;;
+        farm) packages+=(slurm-wlm munge) ;;
         *) echo "unknown group: $group" >&2; exit 2 ;;
     esac
 done
