@@ -15,6 +15,8 @@ configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/mrvCoreConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/mrvCoreConfig.cmake" INSTALL_DESTINATION "${mrvPackageFolder}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/mrvCoreConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion)
+# Relative to the file itself: the prefix is chosen when the package is made or installed.
+string(REGEX REPLACE "[^/]+" ".." mrvPrefixFromPkgConfig "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 configure_file("${CMAKE_CURRENT_LIST_DIR}/mrvCore.pc.in" "${PROJECT_BINARY_DIR}/mrvCore.pc" @ONLY)
 
 install(FILES "${PROJECT_BINARY_DIR}/mrvCoreConfig.cmake" "${PROJECT_BINARY_DIR}/mrvCoreConfigVersion.cmake"

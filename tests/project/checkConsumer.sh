@@ -17,9 +17,7 @@ cmake --build "$scratch/byCMake"
 
 export PKG_CONFIG_PATH=$libraries/pkgconfig
 [[ $(pkg-config --modversion mrvCore) == "$version" ]]
-# The package was installed under another prefix than the configured one.
-flags=$(pkg-config --define-variable=prefix="$prefix" --define-variable=libdir="$libraries" \
-    --define-variable=includedir="$prefix/include" --cflags --libs mrvCore)
+flags=$(pkg-config --cflags --libs mrvCore)
 # shellcheck disable=SC2086
 "$compiler" -std=c++17 "$sources/smallHost.cpp" -o "$scratch/smallHost" $flags
 LD_LIBRARY_PATH=$libraries "$scratch/smallHost" | grep -F "$version"

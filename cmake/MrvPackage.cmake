@@ -1,0 +1,24 @@
+# "cpack" in the folder of a build makes one Debian package of all that is installed.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME maravocore)
+set(CPACK_PACKAGE_VENDOR "MaravoCore")
+set(CPACK_PACKAGE_CONTACT "MaravoCore developers")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGE_DESCRIPTION "The shared library mrvCore with its headers, a CMake package and a pkg-config file, \
+and the batch host mrvcharacter.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
+# dpkg-shlibdeps tells what the binaries need; the headers need JSON's.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${CMAKE_LIBRARY_OUTPUT_DIRECTORY}")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS nlohmann-json3-dev)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+include(CPack)
