@@ -23,8 +23,8 @@ using benchmark::State;
 // each figure, the median of the repetitions:
 //     topic,peer,case,value,unit
 // and then a line for each pair of a figure of ours and one of a peer that have topic, case and unit in
-// common, where less is better and 1 is equal:
-//     topic,ours/peer,case,value,ratio
+// common; of the ratio less is better and 1 is equal:
+//     topic,ours,case,value,unit,peer,value of the peer,ratio
 
 /// Time for each of `items` things that one iteration does.
 inline void perItem(State& state, double items, const char* unit = "ns/op", double unitsPerSecond = 1e9)
@@ -92,12 +92,15 @@ public:
     {
         const std::vector<Figure> figures = collectFigures();
         for (const Figure& figure : figures)
-            print(figure, figure.peer, figure.median, figure.unit);
+        {
+            print(figure);
+            std::putchar('\n');
+        }
         for (const Figure& ours : figures)
             for (const Figure& theirs : figures)
                 if (isOurs(ours) && !isOurs(theirs) && ours.topic == theirs.topic &&
                     ours.benchmarkCase == theirs.benchmarkCase && ours.unit == theirs.unit)
-                    print(ours, ours.peer + "/" + theirs.peer, ratio(ours, theirs), "ratio");
+                    printPair(ours, theirs);
     }
 
     bool hasFailed() const { return _failed; }
@@ -125,10 +128,16 @@ private:
         return n % 2 != 0 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
     }
 
-    static void print(const Figure& figure, const std::string& peer, double value, const std::string& unit)
+    static void print(const Figure& figure)
     {
-        std::printf("%s,%s,%s,%.6g,%s\n", figure.topic.c_str(), peer.c_str(), figure.benchmarkCase.c_str(),
-                    value, unit.c_str());
+        std::printf("%s,%s,%s,%.6g,%s", figure.topic.c_str(), figure.peer.c_str(),
+                    figure.benchmarkCase.c_str(), figure.median, figure.unit.c_str());
+    }
+
+    static void printPair(const Figure& ours, const Figure& theirs)
+    {
+        print(ours);
+        std::printf(",%s,%.6g,%.3g\n", theirs.peer.c_str(), theirs.median, ratio(ours, theirs));
     }
 
     std::vector<Figure> collectFigures() const
