@@ -10,10 +10,16 @@
 
 #include <fcntl.h>
 
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
 namespace mrv {
+
+const std::string samples = MRV_TEST_DATA "/../../samples/";
 
 /// What one run left; the exit code is -1 for a program that did not end by itself.
 struct HostRun
@@ -50,6 +56,20 @@ inline HostRun runHost(const std::vector<std::string>& arguments)
     run.out = folder.read("out");
     run.err = folder.read("err");
     return run;
+}
+
+/// Runs a command that must go well.
+inline HostRun runWell(const std::vector<std::string>& arguments)
+{
+    HostRun run = runHost(arguments);
+    EXPECT_EQ(run.exitCode, 0) << arguments[0] << ": " << run.err;
+    return run;
+}
+
+inline std::string readFile(const std::string& name)
+{
+    std::ifstream stream(name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), {});
 }
 
 } // namespace mrv
