@@ -26,15 +26,36 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-/// Writes the eight digits of a number below 10^8, with zeros in front.
+// Eight digits at a time: the bytes of a number of 64 bits, the first digit in the lowest.
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__,
+              "digits are taken apart and put together in numbers");
+
+/// Writes the eight digits of a number below 10^8, with zeros in front. Halves, pairs and digits are taken
+/// apart side by side (P. Khuong, "How to print integers really fast", 2017).
 char* putEightDigits(char* to, uint64_t number)
 {
-    for (int i = 7; i >= 0; --i)
-    {
-        to[i] = static_cast<char>('0' + number % 10);
-        number /= 10;
-    }
-    return to + 8;
+    const uint64_t halves = number / 10000 | number % 10000 << 32;
+    const uint64_t hundreds = halves * 10486 >> 20 & 0x7f0000007f;
+    const uint64_t pairs = hundreds | (halves - 100 * hundreds) << 16;
+    const uint64_t tens = pairs * 103 >> 10 & 0xf000f000f000f;
+    const uint64_t digits = tens | (pairs - 10 * tens) << 8;
+    const uint64_t text = digits + 0x3030303030303030;
+    std::memcpy(to, &text, sizeof(text));
+    return to + sizeof(text);
+}
+
+/// Reads eight digits in the opposite way. False if there are others among the eight characters.
+bool takeEightDigits(const char* text, uint64_t& number)
+{
+    uint64_t digits = 0;
+    std::memcpy(&digits, text, sizeof(digits));
+    const uint64_t highHalves = 0xf0f0f0f0f0f0f0f0;
+    if (((digits & highHalves) | ((digits + 0x606060606060606) & highHalves) >> 4) != 0x3333333333333333)
+        return false;
+    const uint64_t pairs = (digits & 0xf0f0f0f0f0f0f0f) * (10 * 256 + 1) >> 8;
+    const uint64_t halves = (pairs & 0xff00ff00ff00ff) * (100 * 65536 + 1) >> 16;
+    number = (halves & 0xffff0000ffff) * (10000 * (uint64_t(1) << 32) + 1) >> 32;
+    return true;
 }
 
 /// Writes a number whose decimal form is exact with at most 32 digits and needs no exponent: almost every
@@ -82,20 +103,41 @@ bool parseExactly(const char* text, const char* last, float& value)
     if (isNegative)
         ++text;
     uint64_t mantissa = 0;
-    int digits = 0; // of the mantissa, which takes 19 at most and drops the others
+    int digits = 0; // of the mantissa, which takes 17 at most and drops the others
     int places = 0;
     bool isBehindPoint = false;
-    for (; text != last; ++text)
+    while (text != last)
     {
-        if (isDigit(*text) && digits < 19)
+        uint64_t eight = 0;
+        if (isBehindPoint && digits == 17)
+        {
+            // What is dropped must be digits. The last eight characters may be looked at once more.
+            const char* const next = last - text < 8 ? last - 8 : text;
+            if (!takeEightDigits(next, eight))
+                return false;
+            text = next + 8;
+        }
+        else if (isBehindPoint && digits > 0 && digits <= 9 && last - text >= 8 &&
+                 takeEightDigits(text, eight))
+        {
+            mantissa = mantissa * 100000000 + eight;
+            digits += 8;
+            places += 8;
+            text += 8;
+        }
+        else if (isDigit(*text) && digits < 17)
         {
             mantissa = mantissa * 10 + static_cast<uint64_t>(*text - '0');
             digits += mantissa != 0 ? 1 : 0;
             places += isBehindPoint ? 1 : 0;
+            ++text;
         }
         else if (*text == '.' && !isBehindPoint)
+        {
             isBehindPoint = true;
-        else if (!isDigit(*text) || !isBehindPoint)
+            ++text;
+        }
+        else
             return false;
     }
     if (places >= static_cast<int>(std::size(powersOfTen)) || mantissa == 0)

@@ -182,6 +182,20 @@ TEST(NumberText, readsTheNearestFloatOfTextsThatHangOnTheLastDigit)
     }
 }
 
+TEST(NumberText, readsLongTextsUpToWhatIsNoDigit)
+{
+    const std::string good = "-10.234567890123456789012345678901";
+    for (size_t size = 1; size <= good.size(); ++size)
+        for (size_t i = 0; i < size; ++i)
+            for (const char strange : std::string("x. -/:\xf0"))
+            {
+                std::string text = good.substr(0, size);
+                text[i] = strange;
+                expectReadAsByStream<float>(text);
+                expectReadAsByStream<double>(text);
+            }
+}
+
 TEST(NumberText, writesABoolAsADigit)
 {
     EXPECT_STREQ(NumberText(true).c_str(), "1");
