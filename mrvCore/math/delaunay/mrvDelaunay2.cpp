@@ -2,8 +2,8 @@
 #include "mrvCore/math/delaunay/mrvDelaunay2.h"
 
 #include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
-#include "mrvCore/system/memory/mrvLargePages.h"
 #include "mrvCore/system/debug/mrvAssert.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
 
 #include <algorithm>
 #include <cstdlib>

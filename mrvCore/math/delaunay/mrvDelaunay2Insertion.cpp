@@ -6,10 +6,10 @@
 #include "mrvCore/math/delaunay/mrvDelaunay2Scouts.h"
 #include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
 #include "mrvCore/math/delaunay/mrvDistinctPoints.h"
-#include "mrvCore/system/memory/mrvLargePages.h"
 #include "mrvCore/math/geometry2/mrvConvexPolygon2.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
 
 #include <cmath>
 

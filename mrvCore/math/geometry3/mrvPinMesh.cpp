@@ -2,11 +2,11 @@
 // How the mesh is made and moved; rays are in mrvPinMeshRays.cpp, the rest in mrvPinMeshSurface.cpp.
 #include "mrvCore/math/geometry3/mrvPinMesh.h"
 
-#include "mrvCore/system/memory/mrvLargePages.h"
 #include "mrvCore/math/geometry3/mrvRayCastTree.h"
 #include "mrvCore/math/geometry3/mrvTriangle3.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
+#include "mrvCore/system/memory/mrvLargePages.h"
 #include "mrvCore/system/thread/mrvScopedLock.h"
 
 #include <algorithm>

@@ -14,48 +14,15 @@ namespace mrv {
 
 namespace {
 
-unsigned int lengthOf(size_t size)
-{
-    return static_cast<unsigned int>(size);
-}
-
-/// Moves the elements to a block of exactly `capacity`. They keep what they own, where the array by itself
+/// Moves the items to a block of exactly `capacity`. They keep what they own, where the array by itself
 /// would copy whole subtrees.
-template <class T>
-void moveToCapacity(Array<T>& array, size_t capacity)
+void moveToCapacity(Array<DataItem>& items, size_t capacity)
 {
-    Array<T> moved(array.getMemoryStatId());
+    Array<DataItem> moved(items.getMemoryStatId());
     moved.set_capacity(capacity);
-    moved.resize(array.size());
-    std::move(array.begin(), array.end(), moved.begin());
-    array.swap(moved);
-}
-
-/// One more element. The first block is small, since most items have one or two of a kind.
-template <class T>
-T& addOneTo(Array<T>& array)
-{
-    if (array.size() == array.capacity())
-        moveToCapacity(array, array.empty() ? 2 : 2 * array.size());
-    return array.addOne();
-}
-
-template <class T>
-void reserveExactly(Array<T>& array, size_t count)
-{
-    if (count > array.capacity())
-        moveToCapacity(array, count);
-}
-
-/// The element of that name, null if there is none.
-template <class T, class Text>
-const T* findNamed(const Array<T>& array, Text T::*name, const char* wanted)
-{
-    const size_t length = std::strlen(wanted);
-    for (const T& element : array)
-        if ((element.*name).equals(wanted, length))
-            return &element;
-    return nullptr;
+    moved.resize(items.size());
+    std::move(items.begin(), items.end(), moved.begin());
+    items.swap(moved);
 }
 
 template <class Item>
@@ -76,10 +43,21 @@ void collectNamed(Item& parent, const char* name, bool recursive, Array<Item*>& 
     }
 }
 
-/// The value of an attribute, null for one that is absent.
-const char* textOf(const DataItem::AttributeItem* attribute)
+/// The text at the place of an attribute's value, null for one that is absent.
+const char* textAt(const char* place)
 {
-    return attribute == nullptr ? nullptr : attribute->_value.c_str();
+    return place == nullptr ? nullptr : internal::ItemText(place).c_str();
+}
+
+/// The place of an attribute, null from their count on.
+const char* findByIndex(const internal::ItemTexts& texts, unsigned int index)
+{
+    if (index >= texts.getAttributesCount())
+        return nullptr;
+    const char* place = texts.attributesBegin();
+    for (; index > 0; --index)
+        place = internal::ItemAttribute(place).behind();
+    return place;
 }
 
 /// False, with the best there is in `value`, for a text that is no T.
@@ -95,17 +73,17 @@ bool fromText(const internal::ItemText& text, T& value)
         return parseNumber(text.c_str(), text.size(), value);
 }
 
-/// The value of an attribute that may be absent, as the typed readers without a default give it.
+/// The value at its place, which may be absent, as the typed readers without a default give it.
 template <class T>
-T valueOf(const DataItem::AttributeItem* attribute)
+T valueAt(const char* place)
 {
     if constexpr (std::is_same_v<T, bool>)
-        return stringToBool(textOf(attribute), false);
+        return stringToBool(textAt(place), false);
     else
     {
         T value = T();
-        if (attribute != nullptr)
-            fromText(attribute->_value, value);
+        if (place != nullptr)
+            fromText(internal::ItemText(place), value);
         return value;
     }
 }
@@ -114,7 +92,11 @@ T valueOf(const DataItem::AttributeItem* attribute)
 
 const DataItem* DataItem::getChild(const char* name) const
 {
-    return findNamed(_children, &DataItem::_name, name);
+    const size_t length = std::strlen(name);
+    for (const DataItem& child : _children)
+        if (child._texts.getName().equals(name, length))
+            return &child;
+    return nullptr;
 }
 
 DataItem* DataItem::touchChild(const char* name)
@@ -144,7 +126,9 @@ void DataItem::addChild(const DataItem& child)
 
 DataItem& DataItem::addChild()
 {
-    return addOneTo(_children);
+    if (_children.size() == _children.capacity())
+        moveToCapacity(_children, _children.empty() ? 2 : 2 * _children.size());
+    return _children.addOne();
 }
 
 void DataItem::addChildren(size_t count)
@@ -156,84 +140,54 @@ void DataItem::addChildren(size_t count)
 
 void DataItem::reserveChildrenSpace(size_t count)
 {
-    reserveExactly(_children, count);
-}
-
-const DataItem::AttributeItem* DataItem::findAttribute(const char* name) const
-{
-    return findNamed(_attributes, &AttributeItem::_name, name);
-}
-
-const char* DataItem::getAttribute(const char* name) const
-{
-    return textOf(findAttribute(name));
+    if (count > _children.capacity())
+        moveToCapacity(_children, count);
 }
 
 std::pair<const char*, const char*> DataItem::getAttribute(unsigned int index) const
 {
-    if (index >= _attributes.size())
+    const char* const place = findByIndex(_texts, index);
+    if (place == nullptr)
         return { nullptr, nullptr };
-    return { _attributes[index]._name.c_str(), _attributes[index]._value.c_str() };
+    const internal::ItemAttribute attribute(place);
+    return { attribute.name.c_str(), attribute.value.c_str() };
 }
 
 void DataItem::setAttribute(const char* name, const char* value)
 {
-    const AttributeItem* const attribute = findAttribute(name);
-    if (attribute == nullptr)
+    const char* const place = _texts.findValue(name, std::strlen(name));
+    if (place == nullptr)
         addAttribute(name, value);
     else
-        const_cast<AttributeItem*>(attribute)->_value = value;
-}
-
-void DataItem::addAttribute(const char* name, const char* value)
-{
-    addAttribute(name, lengthOf(std::strlen(name)), value, lengthOf(std::strlen(value)));
-}
-
-void DataItem::addAttribute(const char* name, unsigned int nameLength, const char* value,
-                            unsigned int valueLength)
-{
-    if (_attributes.size() == _attributes.capacity())
-    {
-        const AttributeItem made{ { name, nameLength }, { value, valueLength } }; // the texts may lie in here
-        addOneTo(_attributes) = made;
-        return;
-    }
-    AttributeItem& attribute = _attributes.addOne();
-    attribute._name.assignToEmpty(name, nameLength);
-    attribute._value.assignToEmpty(value, valueLength);
-}
-
-void DataItem::reserveAttributesSpace(size_t count)
-{
-    reserveExactly(_attributes, count);
+        _texts.replace(internal::ItemText(place), value, std::strlen(value));
 }
 
 template <class T>
 T DataItem::getAttribute(const char* name) const
 {
-    const AttributeItem* const attribute = findAttribute(name);
+    const char* const attribute = _texts.findValue(name, std::strlen(name));
     if constexpr (std::is_same_v<T, MrvString>)
         MRV_ASSERT(attribute != NULL, "no attribute of name : %s", name);
-    return valueOf<T>(attribute);
+    return valueAt<T>(attribute);
 }
 
 template <class T>
 T DataItem::getAttribute(unsigned int index) const
 {
-    return valueOf<T>(index < _attributes.size() ? &_attributes[index] : nullptr);
+    const char* const place = findByIndex(_texts, index);
+    return valueAt<T>(place == nullptr ? nullptr : internal::ItemText(place).behind());
 }
 
 template <class T, class>
 T DataItem::getAttribute(const char* name, const T& defaultValue) const
 {
-    const AttributeItem* const attribute = findAttribute(name);
+    const char* const place = _texts.findValue(name, std::strlen(name));
     if constexpr (std::is_same_v<T, bool>)
-        return stringToBool(textOf(attribute), defaultValue);
+        return stringToBool(textAt(place), defaultValue);
     else
     {
         T value = T();
-        return attribute != nullptr && fromText(attribute->_value, value) ? value : defaultValue;
+        return place != nullptr && fromText(internal::ItemText(place), value) ? value : defaultValue;
     }
 }
 
@@ -241,32 +195,34 @@ template <class T, class>
 void DataItem::addAttribute(const char* name, const T& value)
 {
     if constexpr (std::is_same_v<T, MrvString>)
-        addAttribute(name, lengthOf(std::strlen(name)), value.c_str(), lengthOf(value.size()));
+        _texts.addAttribute(name, std::strlen(name), value.c_str(), value.size());
     else
     {
         const NumberText text(value);
-        addAttribute(name, lengthOf(std::strlen(name)), text.c_str(), lengthOf(text.size()));
+        _texts.addAttribute(name, std::strlen(name), text.c_str(), text.size());
     }
 }
 
 template <class T>
 T DataItem::getContent() const
 {
+    const internal::ItemText content = _texts.getContent();
     if constexpr (std::is_same_v<T, bool>)
-        return stringToBool(_content.empty() ? nullptr : _content.c_str(), false);
+        return stringToBool(content.empty() ? nullptr : content.c_str(), false);
     else
-        return MrvString(_content.c_str(), _content.size());
+        return MrvString(content.c_str(), content.size());
 }
 
 template <class T, class>
 T DataItem::getContent(const T& defaultValue) const
 {
-    if (_content.empty())
+    const internal::ItemText content = _texts.getContent();
+    if (content.empty())
         return defaultValue;
     if constexpr (std::is_same_v<T, bool>)
-        return stringToBool(_content.c_str(), defaultValue);
+        return stringToBool(content.c_str(), defaultValue);
     else
-        return MrvString(_content.c_str(), _content.size());
+        return MrvString(content.c_str(), content.size());
 }
 
 MrvString DataItem::traceDataItems(MrvString& indent) const
@@ -279,19 +235,21 @@ MrvString DataItem::traceDataItems(MrvString& indent) const
 void DataItem::trace(MrvString& out, MrvString& indent) const
 {
     out += indent;
-    out += _name.c_str();
-    if (!_content.empty())
+    out += getName();
+    if (!_texts.getContent().empty())
     {
         out += '[';
-        out += _content.c_str();
+        out += getContent();
         out += ']';
     }
-    for (const AttributeItem& attribute : _attributes)
+    for (const char* place = _texts.attributesBegin(); place != _texts.end();)
     {
+        const internal::ItemAttribute attribute(place);
         out += ' ';
-        out += attribute._name.c_str();
+        out += attribute.name.c_str();
         out += '=';
-        out += attribute._value.c_str();
+        out += attribute.value.c_str();
+        place = attribute.behind();
     }
     out += '\n';
 

@@ -5,8 +5,9 @@
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvString.h"
-#include "mrvCore/system/dataItem/mrvItemText.h"
+#include "mrvCore/system/dataItem/mrvItemTexts.h"
 
+#include <cstring>
 #include <type_traits>
 #include <utility>
 
@@ -32,24 +33,17 @@ using EnableIfNoText = std::enable_if_t<!std::is_pointer_v<std::decay_t<T>>>;
 class MRV_CORE_API DataItem
 {
 public:
-    /// An attribute of an element.
-    struct AttributeItem
-    {
-        internal::ItemShortText _name;
-        internal::ItemText _value;
-    };
-
     DataItem() = default;
-    DataItem(const char* name) : _name(name) {}
+    DataItem(const char* name) { setName(name); }
     DataItem(const DataItem&) = default;
     DataItem(DataItem&&) noexcept = default;
     virtual ~DataItem() = default;
     DataItem& operator=(const DataItem&) = default;
     DataItem& operator=(DataItem&&) noexcept = default;
 
-    const char* getName() const { return _name.c_str(); }
-    void setName(const char* name) { _name = internal::ItemText(name); }
-    void setName(const char* name, unsigned int length) { _name = internal::ItemText(name, length); }
+    const char* getName() const { return _texts.getName().c_str(); }
+    void setName(const char* name) { _texts.setName(name, std::strlen(name)); }
+    void setName(const char* name, unsigned int length) { _texts.setName(name, length); }
 
     unsigned int getChildrenCount() const { return static_cast<unsigned int>(_children.size()); }
     /// `index` is below getChildrenCount().
@@ -73,20 +67,28 @@ public:
     /// Room for `count` children in all and no more; what is reserved is not moved when it is filled.
     void reserveChildrenSpace(size_t count);
 
-    unsigned int getAttributesCount() const { return static_cast<unsigned int>(_attributes.size()); }
+    unsigned int getAttributesCount() const { return _texts.getAttributesCount(); }
     /// The value of the first attribute of that name, null if there is none. Names need not be unique; all
     /// but the first are reached by index only.
-    const char* getAttribute(const char* name) const;
-    /// Name and value, both null from getAttributesCount() on.
+    const char* getAttribute(const char* name) const
+    {
+        const char* const place = _texts.findValue(name, std::strlen(name));
+        return place == nullptr ? nullptr : internal::ItemText(place).c_str();
+    }
+    /// Name and value, both null from getAttributesCount() on. Walks over those before.
     std::pair<const char*, const char*> getAttribute(unsigned int index) const;
 
     /// Changes the first attribute of that name, or appends it.
     void setAttribute(const char* name, const char* value);
     /// Appends, also where the name exists.
-    void addAttribute(const char* name, const char* value);
-    void addAttribute(const char* name, unsigned int nameLength, const char* value, unsigned int valueLength);
-    /// Room for `count` attributes in all and no more.
-    void reserveAttributesSpace(size_t count);
+    void addAttribute(const char* name, const char* value)
+    {
+        _texts.addAttribute(name, std::strlen(name), value, std::strlen(value));
+    }
+    void addAttribute(const char* name, unsigned int nameLength, const char* value, unsigned int valueLength)
+    {
+        _texts.addAttribute(name, nameLength, value, valueLength);
+    }
 
     /// A value as T: `bool`, MrvString, or a number of the types of parseNumber.
     ///
@@ -106,17 +108,15 @@ public:
     template <class T, class = internal::EnableIfNoText<T>>
     void addAttribute(const char* name, const T& value);
 
-    const char* getContent() const { return _content.c_str(); }
+    const char* getContent() const { return _texts.getContent().c_str(); }
     /// The given text in place of an empty content.
     const char* getContent(const char* defaultText) const
     {
-        return _content.empty() ? defaultText : _content.c_str();
+        const internal::ItemText content = _texts.getContent();
+        return content.empty() ? defaultText : content.c_str();
     }
-    void setContent(const char* content) { _content = internal::ItemText(content); }
-    void setContent(const char* content, unsigned int length)
-    {
-        _content = internal::ItemText(content, length);
-    }
+    void setContent(const char* content) { _texts.setContent(content, std::strlen(content)); }
+    void setContent(const char* content, unsigned int length) { _texts.setContent(content, length); }
 
     /// The content as `bool` or MrvString. Without a default an empty content is fatal for a `bool`.
     template <class T>
@@ -131,13 +131,14 @@ public:
     /// indented by three blanks more; `indent` comes back as it was.
     MrvString traceDataItems(MrvString& indent) const;
 
+    /// Name, content and attributes, for code that walks whole trees.
+    const internal::ItemTexts& getTexts() const { return _texts; }
+    internal::ItemTexts& touchTexts() { return _texts; }
+
 private:
-    const AttributeItem* findAttribute(const char* name) const;
     void trace(MrvString& out, MrvString& indent) const;
 
-    internal::ItemText _name;
-    internal::ItemText _content;
-    Array<AttributeItem> _attributes;
+    internal::ItemTexts _texts;
     Array<DataItem> _children;
 };
 

@@ -192,7 +192,8 @@ void XMLStream::writeComponents(DataItem& item, const float (&components)[Count]
 {
     if (_firstPass)
         return;
-    item.reserveAttributesSpace(Count + item.getAttributesCount());
+    constexpr size_t longestUsual = 40; // a component of some 30 digits and what is around it
+    item.touchTexts().reserve(Count * longestUsual);
     for (size_t i = 0; i < Count; ++i)
         doWriteAttribute(item, components[i], dimensionName[i]);
 }

@@ -4,6 +4,7 @@
 
 #include "mrvCore/system/dataItem/mrvDataItem.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace mrv {
@@ -11,6 +12,15 @@ namespace mrv {
 namespace {
 
 constexpr size_t longestReference = 6;
+
+/// True for what does not stand for itself in a value, and for the zero at the end.
+bool isSpecial(char character)
+{
+    constexpr uint64_t special = uint64_t(1) << '\0' | uint64_t(1) << '"' | uint64_t(1) << '&' |
+                                 uint64_t(1) << '\'' | uint64_t(1) << '<' | uint64_t(1) << '>';
+    const unsigned char index = static_cast<unsigned char>(character);
+    return index < 64 && (special >> index & 1) != 0;
+}
 
 /// An element that is open, and the child that comes next in it.
 struct OpenElement
@@ -33,13 +43,21 @@ char* putIndent(char* to, size_t level)
     return to + level;
 }
 
+/// The text up to its zero. Shorter than what two calls for its length and its copy would take.
+char* putText(char* to, const char* text)
+{
+    for (; *text != '\0'; ++text)
+        *to++ = *text;
+    return to;
+}
+
 /// The text with references in place of its special characters, all but `plain`.
 char* putEscaped(char* to, const char* text, char plain)
 {
     for (; *text != '\0'; ++text)
     {
         const char character = *text;
-        if (character > '>' || character == plain)
+        if (!isSpecial(character) || character == plain)
             *to++ = character;
         else if (character == '<')
             to = put(to, "&lt;", 4);
@@ -49,10 +67,8 @@ char* putEscaped(char* to, const char* text, char plain)
             to = put(to, "&amp;", 5);
         else if (character == '"')
             to = put(to, "&quot;", 6);
-        else if (character == '\'')
-            to = put(to, "&apos;", 6);
         else
-            *to++ = character;
+            to = put(to, "&apos;", 6);
     }
     return to;
 }
@@ -87,47 +103,54 @@ bool XMLPrinter::print(const DataItem& root, size_t maximumLevels)
 
 void XMLPrinter::printStart(const DataItem& item, size_t level)
 {
-    const char* const name = item.getName();
-    const size_t nameSize = std::strlen(name);
-    reserve(level + nameSize + 1);
+    const internal::ItemTexts& texts = item.getTexts();
+    const internal::ItemText name = texts.getName();
+    reserve(level + name.size() + 1);
     _end = putIndent(_end, level);
     *_end++ = '<';
-    _end = put(_end, name, nameSize);
+    _end = putText(_end, name.c_str());
 
-    const unsigned int count = item.getAttributesCount();
-    for (unsigned int i = 0; i < count; ++i)
+    for (const char* place = texts.attributesBegin(); place != texts.end();)
     {
-        const auto [attributeName, value] = item.getAttribute(i);
-        printAttribute(attributeName, value);
+        const internal::ItemAttribute attribute(place);
+        printAttribute(attribute);
+        place = attribute.behind();
     }
 
-    const char* const content = item.getContent();
-    reserve(longestReference * std::strlen(content) + 3);
+    const internal::ItemText content = texts.getContent();
+    reserve(longestReference * content.size() + 3);
     if (item.getChildrenCount() != 0)
         _end = put(_end, ">\n", 2);
-    else if (*content == '\0')
+    else if (*content.c_str() == '\0')
         _end = put(_end, "/>\n", 3);
     else
     {
         *_end++ = '>';
-        _end = putEscaped(_end, content, '\0');
+        _end = putEscaped(_end, content.c_str(), '\0');
     }
 }
 
-void XMLPrinter::printAttribute(const char* name, const char* value)
+void XMLPrinter::printAttribute(const internal::ItemAttribute& attribute)
 {
-    const size_t nameSize = std::strlen(name);
-    const size_t valueSize = std::strlen(value);
-    reserve(nameSize + longestReference * valueSize + 4);
-    // A value that holds quotes of one kind stands between those of the other.
-    const bool hasQuote = std::memchr(value, '"', valueSize) != nullptr;
-    const char quote = hasQuote ? '\'' : '"';
+    const char* const value = attribute.value.c_str();
+    reserve(attribute.name.size() + longestReference * attribute.value.size() + 4);
     *_end++ = ' ';
-    _end = put(_end, name, nameSize);
+    _end = putText(_end, attribute.name.c_str());
     *_end++ = '=';
-    *_end++ = quote;
-    _end = putEscaped(_end, value, hasQuote ? '"' : '\'');
-    *_end++ = quote;
+
+    // Most values have no special character, and it costs little to begin anew at one.
+    char* to = _end + 1;
+    const char* from = value;
+    while (!isSpecial(*from))
+        *to++ = *from++;
+    // A value that holds quotes of one kind stands between those of the other.
+    const bool hasQuote = *from != '\0' && std::strchr(from, '"') != nullptr;
+    const char quote = hasQuote ? '\'' : '"';
+    if (*from != '\0')
+        to = putEscaped(_end + 1, value, hasQuote ? '"' : '\'');
+    *_end = quote;
+    *to = quote;
+    _end = to + 1;
 }
 
 void XMLPrinter::printEnd(const DataItem& item, size_t level)
@@ -135,12 +158,11 @@ void XMLPrinter::printEnd(const DataItem& item, size_t level)
     const bool hasChildren = item.getChildrenCount() != 0;
     if (!hasChildren && *item.getContent() == '\0')
         return;
-    const char* const name = item.getName();
-    const size_t nameSize = std::strlen(name);
-    reserve(level + nameSize + 4);
+    const internal::ItemText name = item.getTexts().getName();
+    reserve(level + name.size() + 4);
     _end = putIndent(_end, hasChildren ? level : 0);
     _end = put(_end, "</", 2);
-    _end = put(_end, name, nameSize);
+    _end = putText(_end, name.c_str());
     _end = put(_end, ">\n", 2);
 }
 

@@ -8,6 +8,10 @@ namespace mrv {
 
 class DataItem;
 
+namespace internal {
+struct ItemAttribute;
+}
+
 /// Prints the text that RapidXML prints with flags 0 of the same tree, byte for byte, straight from the
 /// items: one element to a line, indented by tabs, and an empty line at the end.
 ///
@@ -36,7 +40,7 @@ private:
     static constexpr size_t bufferSize = 65536;
 
     void printStart(const DataItem& item, size_t level);
-    void printAttribute(const char* name, const char* value);
+    void printAttribute(const internal::ItemAttribute& attribute);
     void printEnd(const DataItem& item, size_t level);
 
     /// Makes room for `size` characters at _end, which the caller then moves.

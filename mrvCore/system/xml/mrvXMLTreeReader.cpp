@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -48,11 +49,6 @@ struct Source
     PODArray<char> buffer;
 };
 
-unsigned int lengthOf(size_t size)
-{
-    return static_cast<unsigned int>(size); // texts of 4 GiB are refused
-}
-
 /// Up to 99 bytes of text from an offset on, what a terminal might take for a command replaced.
 MrvString getCharsAfter(const PODArray<char>& original, size_t offset)
 {
@@ -86,13 +82,18 @@ MrvString describePlace(const Source& source, const PODArray<char>& original, si
     return place + ": ";
 }
 
-/// An element to be read into an item.
+/// The elements inside one, from the next one on, and the items that they are read into.
 struct Pending
 {
-    DataItem* item;
     const Node* node;
-    size_t level;
+    DataItem* item;
 };
+
+bool isInclude(const Node& node)
+{
+    constexpr char name[] = "include";
+    return node.name_size() == sizeof(name) - 1 && std::memcmp(node.name(), name, sizeof(name) - 1) == 0;
+}
 
 size_t countChildren(const Node& node)
 {
@@ -102,18 +103,19 @@ size_t countChildren(const Node& node)
     return count;
 }
 
-void takeTexts(DataItem& item, const Node& node)
+void takeTexts(internal::ItemTexts& texts, const Node& node)
 {
-    item.setName(node.name(), lengthOf(node.name_size()));
+    texts.setName(node.name(), node.name_size());
     if (node.value_size() != 0)
-        item.setContent(node.value(), lengthOf(node.value_size()));
+        texts.setContent(node.value(), node.value_size());
 
-    size_t count = item.getAttributesCount();
+    size_t added = 0;
     for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
-        ++count;
-    item.reserveAttributesSpace(count);
+        added += internal::ItemText::footprintOf(it->name_size()) +
+                 internal::ItemText::footprintOf(it->value_size());
+    texts.reserve(added);
     for (const Attribute* it = node.first_attribute(); it != nullptr; it = it->next_attribute())
-        item.addAttribute(it->name(), lengthOf(it->name_size()), it->value(), lengthOf(it->value_size()));
+        texts.addAttribute(it->name(), it->name_size(), it->value(), it->value_size());
 }
 
 /// One read with all that it includes.
@@ -126,7 +128,7 @@ public:
     bool readBuffer(Source& source, DataItem& item);
 
 private:
-    bool fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source);
+    bool fromRapidXmlElementToDataItem(DataItem& root, const Node& rootNode, const Source& source);
     bool include(DataItem& item, const Node& node, const Source& source, size_t level);
 
     // Each notes a failure and returns false. A place is in the source's buffer.
@@ -191,27 +193,34 @@ bool TreeReader::readBuffer(Source& source, DataItem& item)
 }
 
 /// Walks without recursion, in document order, so that only the parse before it takes stack by levels.
-bool TreeReader::fromRapidXmlElementToDataItem(DataItem& item, const Node& node, const Source& source)
+bool TreeReader::fromRapidXmlElementToDataItem(DataItem& root, const Node& rootNode, const Source& source)
 {
-    PODArray<Pending> pending;
-    pending.push_back({ &item, &node, source.levelsAbove + 1 });
-    while (pending.any())
+    PODArray<Pending> levels;
+    levels.push_back({ &rootNode, &root });
+    while (levels.any())
     {
-        const Pending next = pending.back();
-        pending.pop_back();
-        if (std::strcmp(next.node->name(), "include") == 0)
+        const Node* const node = levels.back().node;
+        if (node == nullptr)
         {
-            if (!include(*next.item, *next.node, source, next.level))
+            levels.pop_back();
+            continue;
+        }
+        DataItem& item = *levels.back().item++;
+        levels.back().node =
+            levels.size() == 1 ? nullptr : node->next_sibling(); // a second root counts for nothing
+        if (isInclude(*node))
+        {
+            if (!include(item, *node, source, source.levelsAbove + levels.size()))
                 return false;
             continue;
         }
-        takeTexts(*next.item, *next.node);
-        const size_t count = countChildren(*next.node);
-        unsigned int index = next.item->getChildrenCount() + lengthOf(count);
-        next.item->addChildren(count);
-        const Node* child = count == 0 ? nullptr : next.node->last_node();
-        for (; child != nullptr; child = child->previous_sibling()) // the first one comes to lie on top
-            pending.push_back({ &next.item->touchChild(--index), child, next.level + 1 });
+        takeTexts(item.touchTexts(), *node);
+        const Node* const firstChild = node->first_node();
+        if (firstChild == nullptr)
+            continue;
+        const unsigned int index = item.getChildrenCount();
+        item.addChildren(countChildren(*node));
+        levels.push_back({ firstChild, &item.touchChild(index) });
     }
     return true;
 }

@@ -114,6 +114,36 @@ TEST(DataItem, attributesKeepTheirOrderAndTheFirstOfANameCounts)
     EXPECT_STREQ(item.getAttribute(24u).second, "changed");
 }
 
+// A text's length and what an item holds in all decide how it is kept.
+TEST(DataItem, keepsTextsOfEveryLength)
+{
+    const size_t lengths[] = { 0, 1, 3, 4, 7, 8, 16, 17, 40, 254, 255, 256, 70000 };
+    for (const size_t length : lengths)
+        for (const size_t otherLength : lengths)
+        {
+            const std::string text(length, 'a');
+            const std::string other(otherLength, 'b');
+            DataItem item("name");
+            item.addAttribute("first", text.c_str());
+            item.addAttribute("second", other.c_str());
+            item.setContent(other.c_str());
+            item.setName(text.c_str());
+            item.setAttribute("first", other.c_str());
+            item.setAttribute("second", item.getName());
+            item.setContent(item.getAttribute("second"));
+
+            const DataItem copy = item;
+            const DataItem moved = std::move(item);
+            for (const DataItem* kept : { &copy, &moved })
+            {
+                ASSERT_EQ(kept->getName(), text);
+                ASSERT_EQ(kept->getContent(), text);
+                ASSERT_EQ(kept->getAttribute("first"), other);
+                ASSERT_EQ(kept->getAttribute(1u).second, text);
+            }
+        }
+}
+
 TEST(DataItem, numbersComeBackFromTheirText)
 {
     const CommaLocale commas;
