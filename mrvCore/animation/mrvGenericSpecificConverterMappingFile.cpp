@@ -49,7 +49,7 @@ constexpr MappingVersion makeVersion()
     return { [](Mapping& mapping, BinaryStream& stream) {
                 std::remove_const_t<Old> old;
                 stream.unpack(old);
-                if (!stream.getStream().fail())
+                if (!stream.hasFailed())
                     (mapping.*createFrom)(old);
             },
              [](Mapping& mapping, XMLStream& stream, const DataItem& item) {
@@ -88,9 +88,11 @@ Load::Value GenericSpecificConverterMappingV8::loadMapping(const char* fileName)
         return Load::FILE_NOT_FOUND;
     SafeFileReader file(fileName);
     int32_t version = -1;
-    BinaryStream stream;
-    if (!file.read(&version, sizeof(version)) || (isVersion(version) && !file.readRest(stream.getStream())))
+    PODArray<char> bytes;
+    if (!file.read(&version, sizeof(version)) || (isVersion(version) && !file.readRest(bytes)))
         version = -1;
+    BinaryStream stream;
+    stream.importFrom(std::move(bytes));
     const Load::Value result = loadBinary(version, stream);
     if (result == Load::INVALID_FILE)
         MRV_LOG(SDK, LOG_ERROR, "Mapping file '" << fileName << "' has no skeleton or is cut off");
@@ -107,7 +109,7 @@ Load::Value GenericSpecificConverterMappingV8::loadMapping(std::ifstream& stream
     else if (isVersion(version) && stream.peek() != std::ifstream::traits_type::eof())
         object.getStream() << stream.rdbuf();
     const Load::Value result = loadBinary(version, object);
-    if (isVersion(version) && !object.getStream().fail())
+    if (isVersion(version) && !object.hasFailed())
     {
         stream.clear(); // all of it has been read
         stream.seekg(start + static_cast<std::streamoff>(sizeof(version) + object.getPosition()));
@@ -121,7 +123,7 @@ Load::Value GenericSpecificConverterMappingV8::loadBinary(int version, BinaryStr
     if (!isVersion(version))
         return Load::INCORRECT_VERSION;
     versions[version].read(*this, stream);
-    if (stream.getStream().fail())
+    if (stream.hasFailed())
         finish(); // what is cut off has no skeleton
     if (version == _currentVersionNumber && _skeletonDescription != nullptr)
         _bonesSnsScaleModes.resize(_skeletonDescription->getBones().size(), 0);

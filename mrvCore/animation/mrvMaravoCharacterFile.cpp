@@ -17,7 +17,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <sstream>
 
 namespace mrv {
 
@@ -77,11 +76,13 @@ Load::Value readBinary(const MrvString& path, int& fileVersion, AnyCharacter& ch
     character.reset(createCharacter(fileVersion));
     if (character == nullptr)
         return Load::INCORRECT_VERSION;
-    BinaryStream stream;
-    if (file.readRest(stream.getStream()))
+    PODArray<char> bytes;
+    if (file.readRest(bytes))
     {
+        BinaryStream stream;
+        stream.importFrom(std::move(bytes));
         stream.unpack(*character);
-        if (!stream.getStream().fail())
+        if (!stream.hasFailed())
             return Load::SUCCESS;
     }
     MRV_LOG(SDK, LOG_ERROR, "Character file '" << path << "' is cut off or damaged");

@@ -46,6 +46,9 @@ public:
     /// The bytes, with one write and one read position and the error state.
     std::stringstream& getStream();
 
+    /// The error state alone, which imported bytes tell without becoming a stream's.
+    bool hasFailed();
+
     /// The write position, or 0 where there is none.
     size_t getLength();
 
@@ -270,7 +273,6 @@ private:
     void releaseBytes();
     void putImportedIntoStream();
     void setFailed();
-    bool hasFailed();
     unsigned int readCount(size_t minimumElementSize);
     bool hasBytesForObjects(size_t count, const RTTI& rtti);
 

@@ -5,6 +5,9 @@
 #include "mrvCore/system/inspection/mrvRTTI.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
 
+#include <cstdlib>
+#include <new>
+
 namespace mrv::internal {
 
 namespace {
@@ -14,8 +17,19 @@ constexpr uint32_t unknownScope = ~uint32_t(0);
 
 } // namespace
 
+/// Block 0 has the first ids, and each further one as many as all before it.
+inline ReadIdentities::Place ReadIdentities::placeOf(uint32_t id)
+{
+    if (id >> _firstBlockBits == 0)
+        return { 0, uint32_t(1) << _firstBlockBits, id };
+    const uint32_t bits = 31 - static_cast<uint32_t>(__builtin_clz(id));
+    const uint32_t blockSize = uint32_t(1) << bits;
+    return { bits - _firstBlockBits + 1, blockSize, id - blockSize };
+}
+
 ReadIdentities::~ReadIdentities()
 {
+    clear();
     for (; _nextValue < _values.size(); ++_nextValue)
         if (_values[_nextValue].attribute != nullptr)
             _values[_nextValue].attribute->deleteValue(_values[_nextValue].value);
@@ -26,28 +40,46 @@ ReadIdentities::~ReadIdentities()
 ReadIdentities::Object& ReadIdentities::touch(uint32_t id)
 {
     ++_touches;
-    if (id >= _objects.size() && id < 4 * _touches + 64)
-        _objects.resize(id < 2 * _objects.size() ? 2 * _objects.size() : id + size_t(1), Object());
-    if (id >= _objects.size())
-        return _strangeObjects.touch(id);
-    if (!_objects[id].isKnown)
-        if (const Object* strange = _strangeObjects.find(id)) // met when the table was shorter
-            _objects[id] = *strange;
-    return _objects[id];
+    const Place place = placeOf(id);
+    Object*& block = _blocks[place.block];
+    if (block == nullptr)
+    {
+        if (id >= 4 * _touches + 64)
+            return _strangeObjects.touch(id);
+        // Cleared by the system as it is used: half of the last block may never be.
+        block = static_cast<Object*>(std::calloc(place.blockSize, sizeof(Object)));
+        if (block == nullptr)
+            throw std::bad_alloc();
+    }
+    Object& entry = block[place.index];
+    if (!entry.isMet())
+        if (const Object* strange = _strangeObjects.find(id)) // met when there was no block for it
+            entry = *strange;
+    return entry;
 }
 
 const ReadIdentities::Object* ReadIdentities::findObject(uint32_t id)
 {
-    if (id < _objects.size() && _objects[id].isKnown)
-        return &_objects[id];
-    return _strangeObjects.find(id);
+    const Place place = placeOf(id);
+    const Object* const block = _blocks[place.block];
+    return block != nullptr && block[place.index].isMet() ? block + place.index : _strangeObjects.find(id);
+}
+
+ReadIdentities::Details& ReadIdentities::touchDetails(Object& entry)
+{
+    if (entry.details == 0)
+    {
+        _details.push_back(Details());
+        entry.details = static_cast<uint32_t>(_details.size());
+    }
+    return _details[entry.details - 1];
 }
 
 const RTTI* ReadIdentities::findType(const Object& entry, const RTTI& type) const
 {
     if (entry.type == &type || entry.type->isDerivedFrom(type))
         return entry.type;
-    for (uint32_t alias = entry.firstAlias; alias != 0; alias = _aliases[alias - 1].next)
+    for (uint32_t alias = detailsOf(entry).firstAlias; alias != 0; alias = _aliases[alias - 1].next)
         if (_aliases[alias - 1].type->isDerivedFrom(type))
             return _aliases[alias - 1].type;
     return nullptr;
@@ -57,9 +89,10 @@ const RTTI* ReadIdentities::findType(const Object& entry, const RTTI& type) cons
 // pointer: it will be gone.
 bool ReadIdentities::isVisible(const Object& entry) const
 {
-    if (entry.container != 0 && _created[entry.container - 1].isReplaced)
+    if (entry.holder >= _firstPlace && !entry.isCreated() && _created[entry.holder - _firstPlace].isReplaced)
         return false;
-    return entry.scope == 0 || (entry.scope != unknownScope && _scopes.find(entry.scope) != _scopes.end());
+    const uint32_t scope = detailsOf(entry).scope;
+    return scope == 0 || (scope != unknownScope && _scopes.find(scope) != _scopes.end());
 }
 
 void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
@@ -72,34 +105,29 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
         // An object and its first member share their address and so their id.
         if (findType(entry, type) == nullptr)
         {
-            _aliases.push_back({ &type, entry.firstAlias });
-            entry.firstAlias = static_cast<uint32_t>(_aliases.size());
+            Details& details = touchDetails(entry);
+            _aliases.push_back({ &type, details.firstAlias });
+            details.firstAlias = static_cast<uint32_t>(_aliases.size());
         }
         return;
     }
-    if (entry.created != 0)
-        _created[entry.created - 1].isReplaced = true;
+    if (entry.isCreated())
+        createdOf(entry).isReplaced = true;
     else if (entry.object != nullptr && isVisible(entry))
         _isDamaged = true; // two values under one id
-    entry = Object();
-    entry.isKnown = true;
-    entry.object = object;
-    entry.type = &type;
-    entry.container = _container;
-    entry.scope = _scopes.empty() ? 0 : _scopes.back();
+    entry = { object, &type, _container, 0 };
+    if (!_scopes.empty())
+        touchDetails(entry).scope = _scopes.back();
 }
 
 void ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
 {
     Object& entry = touch(id);
-    entry = Object();
-    entry.isKnown = true;
+    entry = { nullptr, nullptr, _nowhere, 0 };
     if (object == nullptr)
         return;
+    entry = { object, type, (static_cast<uint32_t>(_created.size()) + _firstPlace) | _createdMark, 0 };
     _created.push_back({ object, type, false });
-    entry.object = object;
-    entry.type = type;
-    entry.created = static_cast<uint32_t>(_created.size());
 }
 
 ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
@@ -118,8 +146,8 @@ uint32_t ReadIdentities::enterCreated(uint32_t id)
 {
     const uint32_t former = _container;
     const Object* entry = findObject(id);
-    if (entry != nullptr && entry->created != 0)
-        _container = entry->created;
+    if (entry != nullptr && entry->isCreated())
+        _container = entry->holder & ~_createdMark;
     return former;
 }
 
@@ -189,14 +217,20 @@ void ReadIdentities::finish()
 
 void ReadIdentities::clear()
 {
-    _objects.clear();
+    for (Object*& block : _blocks)
+    {
+        std::free(block);
+        block = nullptr;
+    }
+    _details.clear();
+    _touches = 0;
     _strangeObjects.clear();
     _aliases.clear();
     _created.clear();
     _scopes.clear();
     _localValues = 0;
     _containers.clear();
-    _container = 0;
+    _container = _nowhere;
     _isDamaged = false;
 }
 

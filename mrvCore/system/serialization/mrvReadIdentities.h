@@ -80,15 +80,24 @@ public:
     void clear();
 
 private:
+    /// Small, since a file has as many as objects, and they are most of what a load needs beside the result.
+    /// All 0 for an id that was not met.
     struct Object
     {
-        void* object = nullptr;
-        const RTTI* type = nullptr;
+        void* object;
+        const RTTI* type;
+        uint32_t holder;  ///< place in _created plus _firstPlace: of the instance in which a value lies, or,
+                          ///< marked by _createdMark, of this instance itself; _nowhere for none
+        uint32_t details; ///< place in _details plus 1, 0 for none
+
+        bool isMet() const { return holder != 0; }
+        bool isCreated() const { return (holder & _createdMark) != 0; }
+    };
+    /// Of the few objects that need it.
+    struct Details
+    {
         uint32_t firstAlias = 0; ///< further types at the same address: place in _aliases plus 1
-        uint32_t container = 0;  ///< instance in which a value lies: place in _created plus 1
         uint32_t scope = 0;      ///< waiting value in which a value lies, 0 for none
-        uint32_t created = 0;    ///< for an instance: its place in _created plus 1
-        bool isKnown = false;    ///< the id was met
     };
     struct Alias
     {
@@ -108,13 +117,33 @@ private:
         uint32_t scope;
     };
 
+    static constexpr uint32_t _nowhere = 1;
+    static constexpr uint32_t _firstPlace = 2;
+    static constexpr uint32_t _createdMark = uint32_t(1) << 31;
+    static constexpr uint32_t _firstBlockBits = 6;
+
+    struct Place
+    {
+        uint32_t block;
+        uint32_t blockSize;
+        uint32_t index;
+    };
+    static Place placeOf(uint32_t id);
+
     /// Null for an id that was not met.
     const Object* findObject(uint32_t id);
     Object& touch(uint32_t id);
+    Created& createdOf(const Object& entry) { return _created[(entry.holder & ~_createdMark) - _firstPlace]; }
+    Details& touchDetails(Object& entry);
+    Details detailsOf(const Object& entry) const
+    {
+        return entry.details != 0 ? _details[entry.details - 1] : Details();
+    }
     const RTTI* findType(const Object& entry, const RTTI& type) const;
     bool isVisible(const Object& entry) const;
 
-    PODArray<Object> _objects; ///< by id
+    Object* _blocks[33 - _firstBlockBits] = {}; ///< by id, each as large as all before it
+    PODArray<Details> _details;
     size_t _touches = 0;
     FlatMap<Object> _strangeObjects; ///< those of ids far beyond the number of objects
     PODArray<Alias> _aliases;
@@ -122,9 +151,9 @@ private:
     PODArray<WaitingValue> _values;
     size_t _nextValue = 0; ///< of _values, in the second pass
     PODArray<uint32_t> _scopes;
-    unsigned int _localValues = 0; ///< of _scopes, those of local values
-    FlatMap<bool> _containers;     ///< addresses of those that the first pass has read
-    uint32_t _container = 0;
+    unsigned int _localValues = 0;  ///< of _scopes, those of local values
+    FlatMap<bool> _containers;      ///< addresses of those that the first pass has read
+    uint32_t _container = _nowhere; ///< as Object::holder
     bool _isDamaged = false;
 };
 

@@ -1,9 +1,7 @@
 // mrvCore/system/utils/mrvSafeFileReader.cpp
 #include "mrvCore/system/utils/mrvSafeFileReader.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <ostream>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -43,16 +41,11 @@ bool SafeFileReader::read(void* bytes, size_t count)
     return count == 0;
 }
 
-bool SafeFileReader::readRest(std::ostream& stream)
+bool SafeFileReader::readRest(PODArray<char>& bytes)
 {
-    char block[65536];
-    while (_left != 0)
-    {
-        const size_t count = std::min(_left, sizeof(block));
-        if (!read(block, count) || !stream.write(block, static_cast<std::streamsize>(count)))
-            return false;
-    }
-    return true;
+    const size_t former = bytes.size();
+    bytes.resize(former + _left);
+    return read(bytes.begin() + former, _left);
 }
 
 } // namespace mrv

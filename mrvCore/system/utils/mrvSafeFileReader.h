@@ -3,9 +3,9 @@
 #pragma once
 
 #include "mrvCore/mrvCoreApi.h"
+#include "mrvCore/system/containers/mrvPODArray.h"
 
 #include <cstddef>
-#include <iosfwd>
 
 namespace mrv {
 
@@ -24,8 +24,8 @@ public:
 
     /// The next bytes; false, with `bytes` undefined, where there are fewer or they cannot be read.
     bool read(void* bytes, size_t count);
-    /// Appends all that is left, block by block; false where it cannot be read or the stream takes no more.
-    bool readRest(std::ostream& stream);
+    /// Appends all that is left; false where it cannot be read.
+    bool readRest(PODArray<char>& bytes);
 
 private:
     int _file = -1;
