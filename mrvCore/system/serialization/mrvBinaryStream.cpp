@@ -460,13 +460,14 @@ void BinaryStream::readPointer(void*& pointer, const RTTI& declared)
         pointer = nullptr;
         return;
     }
-    TypeID typeID;
-    bool isBodyNext = false;
-    read(typeID);
-    read(isBodyNext);
-    if (hasFailed())
+    char classAndBody[sizeof(TypeID) + 1];
+    if (!takeBytes(classAndBody, sizeof(classAndBody)))
         return;
+    TypeID typeID;
+    std::memcpy(&typeID, classAndBody, sizeof(typeID));
+    bool isBodyNext = classAndBody[sizeof(TypeID)] != 0;
     const RTTI* rtti = nullptr;
+    uint32_t number = 0; // of an instance that is made
     if (!_firstPass)
     {
         const internal::ReadIdentities::Found found = _readIdentities.find(id, declared);
@@ -479,7 +480,7 @@ void BinaryStream::readPointer(void*& pointer, const RTTI& declared)
         const bool isFitting = rtti != nullptr && rtti->isDerivedFrom(declared);
         pointer = isFitting ? rtti->createInstance() : nullptr;
         if (pointer != nullptr)
-            _readIdentities.addCreated(id, pointer, rtti);
+            number = _readIdentities.addCreated(id, pointer, rtti);
         else
             MRV_LOG(SDK, LOG_WARNING, typeID.getString() << " is not a registered inspectable type");
     }
@@ -490,7 +491,7 @@ void BinaryStream::readPointer(void*& pointer, const RTTI& declared)
     const bool isBodyRead = isBodyNext && pointer != nullptr;
     if (!agreeOnBody(isBodyRead) || !isBodyRead)
         return;
-    const uint32_t container = _readIdentities.enterCreated(id);
+    const uint32_t container = _readIdentities.enterCreated(number);
     readObject(pointer, *rtti, id);
     _readIdentities.leaveCreated(container);
 }

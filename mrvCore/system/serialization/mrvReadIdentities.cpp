@@ -17,16 +17,6 @@ constexpr uint32_t unknownScope = ~uint32_t(0);
 
 } // namespace
 
-/// Block 0 has the first ids, and each further one as many as all before it.
-inline ReadIdentities::Place ReadIdentities::placeOf(uint32_t id)
-{
-    if (id >> _firstBlockBits == 0)
-        return { 0, uint32_t(1) << _firstBlockBits, id };
-    const uint32_t bits = 31 - static_cast<uint32_t>(__builtin_clz(id));
-    const uint32_t blockSize = uint32_t(1) << bits;
-    return { bits - _firstBlockBits + 1, blockSize, id - blockSize };
-}
-
 ReadIdentities::~ReadIdentities()
 {
     clear();
@@ -56,13 +46,6 @@ ReadIdentities::Object& ReadIdentities::touch(uint32_t id)
         if (const Object* strange = _strangeObjects.find(id)) // met when there was no block for it
             entry = *strange;
     return entry;
-}
-
-const ReadIdentities::Object* ReadIdentities::findObject(uint32_t id)
-{
-    const Place place = placeOf(id);
-    const Object* const block = _blocks[place.block];
-    return block != nullptr && block[place.index].isMet() ? block + place.index : _strangeObjects.find(id);
 }
 
 ReadIdentities::Details& ReadIdentities::touchDetails(Object& entry)
@@ -120,14 +103,16 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
         touchDetails(entry).scope = _scopes.back();
 }
 
-void ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
+uint32_t ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
 {
     Object& entry = touch(id);
     entry = { nullptr, nullptr, _nowhere, 0 };
     if (object == nullptr)
-        return;
-    entry = { object, type, (static_cast<uint32_t>(_created.size()) + _firstPlace) | _createdMark, 0 };
+        return 0;
+    const uint32_t number = static_cast<uint32_t>(_created.size()) + _firstPlace;
+    entry = { object, type, number | _createdMark, 0 };
     _created.push_back({ object, type, false });
+    return number;
 }
 
 ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
@@ -140,15 +125,6 @@ ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
         return { entry->object, found };
     _isDamaged = true;
     return Found();
-}
-
-uint32_t ReadIdentities::enterCreated(uint32_t id)
-{
-    const uint32_t former = _container;
-    const Object* entry = findObject(id);
-    if (entry != nullptr && entry->isCreated())
-        _container = entry->holder & ~_createdMark;
-    return former;
 }
 
 void ReadIdentities::pushValue(void* value, const AbstractAttribute* attribute)

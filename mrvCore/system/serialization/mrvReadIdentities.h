@@ -38,8 +38,9 @@ public:
     /// Registers an object that is held by value.
     void addValue(uint32_t id, void* object, const RTTI& type);
 
-    /// Registers an instance made for a pointer, or null where none could be made.
-    void addCreated(uint32_t id, void* object, const RTTI* type);
+    /// Registers an instance made for a pointer, or null where none could be made. Returns the instance's
+    /// number, 0 for null.
+    uint32_t addCreated(uint32_t id, void* object, const RTTI* type);
 
     /// What stands behind an id.
     struct Found
@@ -51,8 +52,14 @@ public:
     /// The object behind an id, null if there is none of this type.
     Found find(uint32_t id, const RTTI& type);
 
-    /// Between these two the body of an instance made for a pointer is read.
-    uint32_t enterCreated(uint32_t id);
+    /// First pass: between these two the body of the instance of that number is read.
+    uint32_t enterCreated(uint32_t number)
+    {
+        const uint32_t former = _container;
+        if (number != 0)
+            _container = number;
+        return former;
+    }
     void leaveCreated(uint32_t former) { _container = former; }
 
     /// First pass: the value waits for the second one. Until leaveValue its content is read.
@@ -128,10 +135,24 @@ private:
         uint32_t blockSize;
         uint32_t index;
     };
-    static Place placeOf(uint32_t id);
+    /// Block 0 has the first ids, and each further one as many as all before it.
+    static Place placeOf(uint32_t id)
+    {
+        if (id >> _firstBlockBits == 0)
+            return { 0, uint32_t(1) << _firstBlockBits, id };
+        const uint32_t bits = 31 - static_cast<uint32_t>(__builtin_clz(id));
+        const uint32_t blockSize = uint32_t(1) << bits;
+        return { bits - _firstBlockBits + 1, blockSize, id - blockSize };
+    }
 
     /// Null for an id that was not met.
-    const Object* findObject(uint32_t id);
+    const Object* findObject(uint32_t id)
+    {
+        const Place place = placeOf(id);
+        const Object* const block = _blocks[place.block];
+        return block != nullptr && block[place.index].isMet() ? block + place.index
+                                                              : _strangeObjects.find(id);
+    }
     Object& touch(uint32_t id);
     Created& createdOf(const Object& entry) { return _created[(entry.holder & ~_createdMark) - _firstPlace]; }
     Details& touchDetails(Object& entry);

@@ -444,7 +444,7 @@ void* XMLStream::readPointer(const DataItem& item, const RTTI& declared)
     const RTTI* rtti = typeName != nullptr ? RTTI::getRTTI(RTTI::getTypeID(typeName)) : &declared;
     const bool isFitting = rtti != nullptr && rtti->isDerivedFrom(declared);
     void* object = isFitting ? rtti->createInstance() : nullptr;
-    _readIdentities.addCreated(id, object, rtti);
+    const uint32_t number = _readIdentities.addCreated(id, object, rtti);
     if (object == nullptr)
     {
         MRV_LOG_LIMITED(SDK, LOG_WARNING,
@@ -452,7 +452,7 @@ void* XMLStream::readPointer(const DataItem& item, const RTTI& declared)
                             << " is not a registered inspectable type");
         return nullptr;
     }
-    const uint32_t container = _readIdentities.enterCreated(id);
+    const uint32_t container = _readIdentities.enterCreated(number);
     readObject(item, object, *rtti);
     _readIdentities.leaveCreated(container);
     return object;
