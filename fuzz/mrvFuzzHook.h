@@ -35,7 +35,7 @@ inline void startOnce()
 /// Puts the bytes into a file in memory, one per process and extension, for the targets of what reads files.
 inline std::string writeFile(const uint8_t* data, size_t size, const char* extension)
 {
-    const std::string name = "/dev/shm/mrvFuzz-" + std::to_string(getpid()) + extension;
+    std::string name = "/dev/shm/mrvFuzz-" + std::to_string(getpid()) + extension;
     std::FILE* file = std::fopen(name.c_str(), "wb");
     if (file == nullptr || std::fwrite(data, 1, size, file) != size || std::fclose(file) != 0)
         std::abort();

@@ -15,9 +15,11 @@ namespace {
 void use(mrv::GenericSpecificConverterMappingV8& mapping)
 {
     using namespace mrv;
-    PODArray<int> bodies, places;
+    PODArray<int> rigidBodyBones;
+    PODArray<int> boneRigidBodies;
     mapping.autoConfigureRagdoll(true);
-    GenericSpecificConverterMappingV8::findRigidBodiesBoneCorrespondances(bodies, places, &mapping);
+    GenericSpecificConverterMappingV8::findRigidBodiesBoneCorrespondances(rigidBodyBones, boneRigidBodies,
+                                                                          &mapping);
     const auto& bones = mapping.getSkeletonDescription()->getBones();
     SpecificPosture posture;
     posture.initFromRestRelativesOrientation(bones, Vector3(), Quaternion::getIdentity(),

@@ -38,18 +38,18 @@ constexpr void (*addCommands[])(CLI::App&, int&) = {
     &mrvcharacter::addDeepConfCommand,
 };
 
-int runCommandLine(int argc, char** argv)
+void addCommandsTo(CLI::App& app, int& exitCode)
 {
-    CLI::App app("Works on character files.", "mrvcharacter");
     app.require_subcommand(1);
-
-    int exitCode = 0;
     for (const auto addCommand : addCommands)
         addCommand(app, exitCode);
     for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
         if (command->get_name() != "listen")
             mrvcharacter::addEventsOption(*command);
+}
 
+int parse(CLI::App& app, int argc, char** argv, const int& exitCode)
+{
     try
     {
         app.parse(argc, argv);
@@ -59,12 +59,23 @@ int runCommandLine(int argc, char** argv)
         // A call for help comes this way too.
         return app.exit(error) == 0 ? 0 : 2;
     }
+    return exitCode; // of the command, which has run
+}
+
+int runCommandLine(int argc, char** argv)
+{
+    try
+    {
+        CLI::App app("Works on character files.", "mrvcharacter");
+        int exitCode = 0;
+        addCommandsTo(app, exitCode);
+        return parse(app, argc, argv, exitCode);
+    }
     catch (const std::exception& exception)
     {
         std::cerr << "mrvcharacter: " << exception.what() << '\n';
         return 2;
     }
-    return exitCode;
 }
 
 } // namespace

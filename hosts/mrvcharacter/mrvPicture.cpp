@@ -5,6 +5,7 @@
 
 #include <cairo.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -104,7 +105,7 @@ void Picture::setPixel(int x, int y, const Colour& colour)
     unsigned char* const pixels = cairo_image_surface_get_data(_canvas->surface);
     if (pixels == nullptr) // write() will tell
         return;
-    const auto byteOf = [](double share) { return static_cast<uint32_t>(share * 255.0 + 0.5); };
+    const auto byteOf = [](double share) { return static_cast<uint32_t>(std::lround(share * 255.0)); };
     const uint32_t pixel = byteOf(colour.red) << 16 | byteOf(colour.green) << 8 | byteOf(colour.blue);
     const size_t stride = static_cast<size_t>(cairo_image_surface_get_stride(_canvas->surface));
     std::memcpy(pixels + static_cast<size_t>(y) * stride + static_cast<size_t>(x) * sizeof(pixel), &pixel,

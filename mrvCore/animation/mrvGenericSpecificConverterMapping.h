@@ -86,7 +86,7 @@ public:
     GenericSpecificConverterMappingV8(const GenericSpecificConverterMappingV8& other);
     GenericSpecificConverterMappingV8& operator=(const GenericSpecificConverterMappingV8& other);
     /// Takes over what the copy would copy; the other one may only be destroyed afterwards.
-    GenericSpecificConverterMappingV8& operator=(GenericSpecificConverterMappingV8&& other);
+    GenericSpecificConverterMappingV8& operator=(GenericSpecificConverterMappingV8&& other) noexcept;
     ~GenericSpecificConverterMappingV8();
 
     /// Empties the mapping and deletes the description. Quality, iterations, the global answer on caches

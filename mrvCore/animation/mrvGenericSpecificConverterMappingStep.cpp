@@ -24,7 +24,7 @@ void GenericSpecificConverterMappingV8::createFromV7(const GenericSpecificConver
 }
 
 GenericSpecificConverterMappingV8&
-GenericSpecificConverterMappingV8::operator=(GenericSpecificConverterMappingV8&& other)
+GenericSpecificConverterMappingV8::operator=(GenericSpecificConverterMappingV8&& other) noexcept
 {
     internal::takeUnchanged(*this, other);
     updateBlindDataFloatCount();

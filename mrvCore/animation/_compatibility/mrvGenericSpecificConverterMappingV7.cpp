@@ -41,7 +41,7 @@ GenericSpecificConverterMappingV7::GenericSpecificConverterMappingV7(
 GenericSpecificConverterMappingV7&
 GenericSpecificConverterMappingV7::operator=(const GenericSpecificConverterMappingV7& other) = default;
 GenericSpecificConverterMappingV7&
-GenericSpecificConverterMappingV7::operator=(GenericSpecificConverterMappingV7&& other) = default;
+GenericSpecificConverterMappingV7::operator=(GenericSpecificConverterMappingV7&& other) noexcept = default;
 GenericSpecificConverterMappingV7::~GenericSpecificConverterMappingV7() = default;
 
 namespace {

@@ -27,7 +27,7 @@ public:
     GenericSpecificConverterMappingV7();
     GenericSpecificConverterMappingV7(const GenericSpecificConverterMappingV7& other);
     GenericSpecificConverterMappingV7& operator=(const GenericSpecificConverterMappingV7& other);
-    GenericSpecificConverterMappingV7& operator=(GenericSpecificConverterMappingV7&& other);
+    GenericSpecificConverterMappingV7& operator=(GenericSpecificConverterMappingV7&& other) noexcept;
     ~GenericSpecificConverterMappingV7();
 
     /// Takes over what the old mapping holds, or copies it.

@@ -34,8 +34,8 @@ double doubleAreaOf(const Vector2& a, const Vector2& b, const Vector2& c)
 /// As new, and in use. Field by field: a temporary object stalls the processor here.
 inline void Delaunay2::Triangle::begin(int v0, int v1, int v2)
 {
-    for (int slot = 0; slot < 3; ++slot)
-        _adj[slot] = _none;
+    for (uint32_t& neighbour : _adj)
+        neighbour = _none;
     _vertices[0] = v0;
     _vertices[1] = v1;
     _vertices[2] = v2;

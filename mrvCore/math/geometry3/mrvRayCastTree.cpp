@@ -439,7 +439,10 @@ void RayCastTree::walk(const Ray& ray, Visitor& visitor) const
     while (true)
     {
         if (task.child < 0)
-            visit(_packets[static_cast<size_t>(~task.child)], ray, visitor);
+        {
+            const int packet = ~task.child;
+            visit(_packets[static_cast<size_t>(packet)], ray, visitor);
+        }
         else
         {
             const Node& node = _nodes[static_cast<size_t>(task.child)];

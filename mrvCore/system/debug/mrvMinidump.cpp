@@ -21,8 +21,6 @@ Minidump::Minidump() : _exceptionHandler(nullptr), _crashCallback(nullptr), _min
     getDefaultDirectory(_directory, _directoryPathLengthMax);
 }
 
-Minidump::~Minidump() = default;
-
 void Minidump::getDefaultDirectory(char* directory, unsigned int length)
 {
     const char* found = "/tmp";

@@ -33,7 +33,7 @@ public:
     Minidump();
 
     /// Does nothing: stop() must have been called.
-    ~Minidump();
+    ~Minidump() = default;
 
     Minidump(const Minidump&) = delete;
     Minidump& operator=(const Minidump&) = delete;

@@ -6,8 +6,7 @@
 
 #include <ostream>
 
-namespace mrv {
-namespace internal {
+namespace mrv::internal {
 
 /// "ERROR", "WARNING", "INFO" or "DEBUG".
 inline const char* getSeverityName(Log::Severity severity)
@@ -23,5 +22,4 @@ inline void writeSite(std::ostream& stream, const char* file, int line, const ch
     stream << file << '(' << line << ") : " << function << "\n\t";
 }
 
-} // namespace internal
-} // namespace mrv
+} // namespace mrv::internal

@@ -4,8 +4,7 @@
 
 #include <locale>
 
-namespace mrv {
-namespace internal {
+namespace mrv::internal {
 
 LogText::LogText()
 {
@@ -28,5 +27,4 @@ void LogText::trace(Log::Module module, Log::Severity severity, Log::TraceKey& k
     getLog()->trace(module, severity, key, _stream.str().c_str(), file, line, function);
 }
 
-} // namespace internal
-} // namespace mrv
+} // namespace mrv::internal

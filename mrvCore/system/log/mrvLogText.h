@@ -7,8 +7,7 @@
 
 #include <sstream>
 
-namespace mrv {
-namespace internal {
+namespace mrv::internal {
 
 /// Whether there is a log that lets the message through.
 inline bool mustLog(Log::Module module, Log::Severity severity)
@@ -38,5 +37,4 @@ private:
     std::ostringstream _stream;
 };
 
-} // namespace internal
-} // namespace mrv
+} // namespace mrv::internal

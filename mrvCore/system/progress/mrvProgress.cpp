@@ -5,6 +5,7 @@
 #include "mrvCore/system/progress/mrvIProgressListener.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mrv {
 
@@ -49,9 +50,9 @@ void Progress::reset()
 
 void Progress::addChild(SP child, unsigned int weight)
 {
-    _children.push_back(Child(weight, child));
     if (child)
         child->_parent = this;
+    _children.push_back(Child(weight, std::move(child)));
     _childrenTodo += weight;
 }
 

@@ -272,7 +272,7 @@ MrvString FileDir::findInSystemPath(const MrvString& name)
 {
     for (const MrvString& directory : stringToStringArray(getEnvironmentVariable("PATH"), ";"))
     {
-        const MrvString candidate = correctPath(directory + '/' + name);
+        MrvString candidate = correctPath(directory + '/' + name);
         if (exist(candidate))
             return candidate;
     }
