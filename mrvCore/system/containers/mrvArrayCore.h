@@ -193,7 +193,7 @@ private:
     [[gnu::noinline]] void growForOne() { set_capacity(2 * _capacity + 8); }
     [[gnu::noinline]] void pushBackGrowing(const T& value)
     {
-        const T copy(value); // NOLINT(performance-unnecessary-copy-initialization): it may lie in what moves
+        const T copy(value);
         growForOne();
         push_back(copy);
     }
@@ -282,7 +282,7 @@ void ArrayCore<T, Elements>::assign(size_t count, const U* source)
 template <class T, class Elements>
 void ArrayCore<T, Elements>::assign(size_t count, const T& value)
 {
-    const T copy(value); // NOLINT(performance-unnecessary-copy-initialization): it may lie in what moves
+    const T copy(value);
     clear();
     insert(end(), count, copy);
 }
@@ -293,7 +293,7 @@ T* ArrayCore<T, Elements>::insert(const T* position, size_t count, const T& valu
     const size_t index = static_cast<size_t>(position - _data);
     if (owns(&value))
     {
-        const T copy(value); // NOLINT(performance-unnecessary-copy-initialization): it may lie in what moves
+        const T copy(value);
         Elements::fill(openGap(index, count), count, copy);
     }
     else

@@ -5,7 +5,6 @@
 #include "mrvCore/system/progress/mrvIProgressListener.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace mrv {
 
@@ -50,9 +49,9 @@ void Progress::reset()
 
 void Progress::addChild(SP child, unsigned int weight)
 {
+    _children.push_back(Child(weight, child));
     if (child)
         child->_parent = this;
-    _children.push_back(Child(weight, std::move(child)));
     _childrenTodo += weight;
 }
 
