@@ -143,11 +143,19 @@ void PerfAnalysisManager::setServer(const char* ipAddress, unsigned short port)
 
 void PerfAnalysisManager::addEvent(const Event& event)
 {
+    addEvent(Event(event));
+}
+
+void PerfAnalysisManager::addEvent(Event&& event)
+{
     init();
     if (!isLoadingThreadActive()) // there is no thread to take it
         return;
+    MrvString name; // changes its owner, so that nothing is allocated under the lock but a larger buffer
+    name.swap(event._name);
     const ScopedLock<SpinLock> lock(_eventsBufferLock);
     _eventsBufferWrite->push_back(event);
+    _eventsBufferWrite->back()._name.swap(name);
 }
 
 void PerfAnalysisManager::clearEvents()

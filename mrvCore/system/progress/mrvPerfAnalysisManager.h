@@ -88,6 +88,7 @@ public:
     /// Keeps a copy of the event for the sending thread, which is started if need be. Never waits for the
     /// network.
     void addEvent(const Event& event);
+    void addEvent(Event&& event); ///< takes the name over
 
     /// Throws away what waits to be sent. On the sending thread, or while there is none.
     void clearEvents();
