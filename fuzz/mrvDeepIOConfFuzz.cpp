@@ -1,21 +1,14 @@
 // fuzz/mrvDeepIOConfFuzz.cpp
 // Any bytes as a deep configuration: the JSON library's exception, or fields that survive being written.
+#include "fuzz/mrvFuzzHook.h"
+
 #include "mrvCore/deep/mrvDeepIOConf.h"
 
-#include <cstdint>
-#include <cstdlib>
 #include <exception>
-#include <filesystem>
-#include <fstream>
-#include <string>
-
-#include <unistd.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static const std::string path =
-        (std::filesystem::temp_directory_path() / ("deepConfFuzz" + std::to_string(getpid()))).string();
-    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(data), std::streamsize(size));
+    const std::string path = mrvFuzz::writeFile(data, size, ".json"); // a disk would be waited for
     mrv::DeepIOConf conf;
     try
     {
