@@ -42,13 +42,14 @@ run() {
     local work=$root/build/fuzz log=$root/build/fuzz/$1.log
     mkdir -p "$work/corpus/$1" "$work/findings/$1"
     dictionary "$1" >"$work/$1.dict"
-    local inputs
+    local words=() inputs
+    [[ ! -s $work/$1.dict ]] || words=(-dict="$work/$1.dict")
     inputs=$(seeds "$1" | paste -sd,)
     local passed=0
     # Damaged files leave objects without an owner; the messages of demanded ends go nowhere.
     ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=halt_on_error=1 nice "$work/bin/mrv${1}Fuzz" \
         -max_total_time="$seconds" -max_len=20000 -timeout=20 -rss_limit_mb=2048 -close_fd_mask=3 \
-        -print_final_stats=1 -dict="$work/$1.dict" ${inputs:+-seed_inputs="$inputs"} \
+        -print_final_stats=1 "${words[@]}" ${inputs:+-seed_inputs="$inputs"} \
         -artifact_prefix="$work/findings/$1/" "$work/corpus/$1" >"$log" 2>&1 || passed=$?
     local executions coverage
     executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
