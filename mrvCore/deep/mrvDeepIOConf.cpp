@@ -9,8 +9,10 @@
 #include <algorithm>
 #include <fstream>
 #include <iomanip>
+#include <limits>
 #include <locale>
 #include <sstream>
+#include <type_traits>
 
 namespace mrv {
 
@@ -18,12 +20,37 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// Throws for a number with a point or an exponent that no T can hold: the library's conversion leaves that
+/// undefined.
+template <class T>
+void checkRange(const Json& value)
+{
+    if constexpr (std::is_enum_v<T>)
+        checkRange<std::underlying_type_t<T>>(value);
+    else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
+    {
+        using Limits = std::numeric_limits<T>;
+        if (!value.is_number_float())
+            return;
+        const double number = value.get<double>(); // of which the fraction will be dropped
+        if (!(number > static_cast<double>(Limits::min()) - 1.0 &&
+              number < static_cast<double>(Limits::max()) + 1.0))
+            throw Json::out_of_range::create(406, "number overflow: " + value.dump(), &value);
+    }
+}
+
 template <class T>
 void read(const Json& json, const char* key, T& field)
 {
     const auto found = json.find(key);
-    if (found != json.end())
-        found->get_to(field);
+    if (found == json.end())
+        return;
+    if constexpr (std::is_same_v<T, std::vector<int>>)
+        for (const Json& element : *found)
+            checkRange<int>(element);
+    else
+        checkRange<T>(*found);
+    found->get_to(field);
 }
 
 void readFields(const Json& json, DeepIOConf& conf)

@@ -28,7 +28,7 @@ public:
     /// `_epochs`. A relative output directory ("./...") is put behind the directory of the file.
     ///
     /// False if the file cannot be opened. Throws the JSON library's exception for a text that is no JSON
-    /// and for a value of the wrong type; what was read before it stays.
+    /// and for a value of the wrong type or out of range; what was read before it stays.
     bool load(const char* filePath);
 
     /// Writes all fields but those of `enablePCA`, `PCACount`, `neuronCount ` and `layerCount`, which files

@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <climits>
+#include <filesystem>
+
 using namespace mrv;
 
 namespace {
@@ -141,6 +144,16 @@ TEST(DeepIOConf, badFilesGiveFalseOrTheExceptionAndKeepWhatWasRead)
     EXPECT_THROW(conf.load(wrong.c_str()), nlohmann::json::type_error);
     EXPECT_EQ(conf._epochs, 5u);
     EXPECT_EQ(conf._rigJoints.size(), 1u);
+
+    const char* const beyondRange[] = { "{\"epochs\": 1e99}", "{\"endFrame\": -2147483649.0}",
+                                        "{\"samplingModeIndex\": 4e9}",
+                                        "{\"customAnchorIndices\": [1, -1e20]}" };
+    for (const char* const text : beyondRange)
+        EXPECT_THROW(conf.load(folder.write("e.json", text).c_str()), nlohmann::json::out_of_range) << text;
+    EXPECT_TRUE(conf.load(folder.write("e.json", "{\"endFrame\": -2147483648.5, \"epochs\": 7.9}").c_str()));
+    EXPECT_EQ(conf._endFrame, INT_MIN);
+    EXPECT_EQ(conf._epochs, 7u);
+    std::filesystem::remove(folder.path("e.json").c_str());
 
     const std::string former = folder.read("d.json");
     conf._assetName = "\xff";
