@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <iomanip>
 #include <limits>
@@ -20,6 +21,17 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// Whether a T can hold a number once its fraction is dropped or rounded.
+template <class T>
+bool isInRange(double number)
+{
+    if constexpr (std::is_same_v<T, float>)
+        return std::abs(number) < 0x1.ffffffp127; // from there on it would round to infinity
+    else
+        return number > static_cast<double>(std::numeric_limits<T>::min()) - 1.0 &&
+               number < static_cast<double>(std::numeric_limits<T>::max()) + 1.0;
+}
+
 /// Throws for a number with a point or an exponent that no T can hold: the library's conversion leaves that
 /// undefined.
 template <class T>
@@ -27,16 +39,9 @@ void checkRange(const Json& value)
 {
     if constexpr (std::is_enum_v<T>)
         checkRange<std::underlying_type_t<T>>(value);
-    else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>)
-    {
-        using Limits = std::numeric_limits<T>;
-        if (!value.is_number_float())
-            return;
-        const double number = value.get<double>(); // of which the fraction will be dropped
-        if (!(number > static_cast<double>(Limits::min()) - 1.0 &&
-              number < static_cast<double>(Limits::max()) + 1.0))
+    else if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
+        if (value.is_number_float() && !isInRange<T>(value.get<double>()))
             throw Json::out_of_range::create(406, "number overflow: " + value.dump(), &value);
-    }
 }
 
 template <class T>

@@ -147,7 +147,8 @@ TEST(DeepIOConf, badFilesGiveFalseOrTheExceptionAndKeepWhatWasRead)
 
     const char* const beyondRange[] = { "{\"epochs\": 1e99}", "{\"endFrame\": -2147483649.0}",
                                         "{\"samplingModeIndex\": 4e9}",
-                                        "{\"customAnchorIndices\": [1, -1e20]}" };
+                                        "{\"customAnchorIndices\": [1, -1e20]}",
+                                        "{\"learningRate\": -3.5e38}" };
     for (const char* const text : beyondRange)
         EXPECT_THROW(conf.load(folder.write("e.json", text).c_str()), nlohmann::json::out_of_range) << text;
     EXPECT_TRUE(conf.load(folder.write("e.json", "{\"endFrame\": -2147483648.5, \"epochs\": 7.9}").c_str()));
