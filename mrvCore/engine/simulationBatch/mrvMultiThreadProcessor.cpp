@@ -6,7 +6,6 @@
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
 #include "mrvCore/system/memory/mrvLargePages.h"
-#include "mrvCore/system/time/mrvTimeCounter.h"
 
 #include <algorithm>
 
@@ -17,36 +16,6 @@ namespace mrv {
 namespace {
 
 constexpr size_t workerStackSize = 0x100000;
-
-/// How many batches a thread takes from the counter in one go.
-///
-/// To move the counter from processor to processor takes longer than many a batch. So a thread that has found
-/// batches to be short takes several steps at once, which nobody can tell from as many single ones. All
-/// others, the first ones and the last ones of a round are taken one by one: a batch that lasts waits for no
-/// other, and no thread is left with much when the rest is done.
-class Portion
-{
-public:
-    explicit Portion(int threadCount) : _share(8 * threadCount) { _time.start(); }
-
-    int getSize() const { return _size; }
-
-    /// To be told when a portion is done, and how many batches nobody has taken yet.
-    void adapt(int64_t batchesLeft)
-    {
-        constexpr timetick_t shortTicks = 8000;
-        constexpr int largest = 256;
-        _time.stop();
-        const int wanted = _time.getTimeInTicks() < shortTicks ? std::min(2 * _size, largest) : 1;
-        _size = static_cast<int>(std::clamp<int64_t>(batchesLeft / _share, 1, wanted));
-        _time.start();
-    }
-
-private:
-    TimeCounter _time;
-    int64_t _share;
-    int _size = 1;
-};
 
 /// A look at the barrier takes its mutex, which the workers need on their way there. One that finds it taken
 /// goes to sleep, and to wake it again costs more than this.
@@ -150,16 +119,10 @@ void MultiThreadProcessor::consumeBatchQueueTask()
 {
     // Read once: the queue does not change during a round.
     ProcessingBatch* const batches = _batchQueueForMultithread.begin();
-    const int64_t count = _batchQueueForMultithread.sizeInt();
-    Portion portion(getThreadCount());
-    int64_t first;
-    while ((first = atomicFetchAddSequentiallyConsistent(_currentBatchToProcess, portion.getSize())) < count)
-    {
-        const int64_t end = std::min(first + portion.getSize(), count);
-        for (int64_t index = first; index < end; ++index)
-            batches[index]._updateMethod(batches[index]);
-        portion.adapt(count - end);
-    }
+    const int count = _batchQueueForMultithread.sizeInt();
+    int index;
+    while ((index = fetchAndIncrementIndexOfBatchToProcess()) < count)
+        batches[index]._updateMethod(batches[index]);
 }
 
 void MultiThreadProcessor::launchThreadedUpdate()

@@ -15,9 +15,8 @@ namespace mrv {
 
 /// Cuts a range of indices into batches and runs them on its workers and on the calling thread.
 ///
-/// Batches are handed out through an atomic counter, in ascending order, whoever is free: one by one, and
-/// several at a time where they turn out to last next to nothing. Nothing is said of the order in which they
-/// end. Workers sleep on a barrier between rounds.
+/// Batches are handed out one by one through an atomic counter, in ascending order, whoever is free; nothing
+/// is said of the order in which they end. Workers sleep on a barrier between rounds.
 /// Threads: any thread may call processThreadable; the pool serves one request at a time, and a second one
 /// runs alone on its caller's thread. Everything that changes the number of threads takes no lock: it must
 /// not run during a round.

@@ -12,8 +12,8 @@ struct ProcessingBatch;
 
 /// Treats the indices of one batch, from `_firstIndex` to `_lastIndex` inclusive; it loops over them itself.
 ///
-/// Runs on any worker or on the thread that asked, beside other batches of the same range. It must not wait
-/// for another batch, which may be due on the same thread, and must not let an exception escape.
+/// Runs on any worker or on the thread that asked, beside other batches of the same range. It must not let
+/// an exception escape.
 using ThreadUpdateMethod = void(ProcessingBatch& batch);
 
 /// The indices are inclusive: `_lastIndex` is below `_firstIndex` for a batch without work.
