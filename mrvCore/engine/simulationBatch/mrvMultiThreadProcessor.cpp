@@ -46,6 +46,7 @@ MultiThreadProcessor::MultiThreadProcessor(const char* name)
     atomicStoreRelaxed(_threadsDoneCount, 0);
     atomicStoreRelaxed(_stopThreads, 0);
     atomicStoreRelaxed(_currentBatchToProcess, 0);
+    atomicStoreRelaxed(_sharesInUse, 0);
 }
 
 MultiThreadProcessor::~MultiThreadProcessor()
@@ -86,6 +87,7 @@ void MultiThreadProcessor::processThreadable(ThreadUpdateMethod* method, void* u
     fillBatchQueue(batch, lastIndex, batchSize);
     if (_batchQueueForMultithread.any())
     {
+        atomicStoreRelease(_sharesInUse, 0);
         atomicStoreRelease(_currentBatchToProcess, 0);
         launchThreadedUpdate();
         consumeBatchQueueTask(); // the calling thread is one of getThreadCount()
@@ -120,9 +122,35 @@ void MultiThreadProcessor::consumeBatchQueueTask()
     // Read once: the queue does not change during a round.
     ProcessingBatch* const batches = _batchQueueForMultithread.begin();
     const int count = _batchQueueForMultithread.sizeInt();
+    const int shareIndex = atomicFetchAddSequentiallyConsistent(_sharesInUse, 1);
+    BatchShare* const own = _shares && shareIndex < getThreadCount() ? &_shares[shareIndex] : nullptr;
     int index;
-    while ((index = fetchAndIncrementIndexOfBatchToProcess()) < count)
+    while ((index = takeBatch(own, count)) >= 0)
         batches[index]._updateMethod(batches[index]);
+}
+
+int MultiThreadProcessor::takeBatch(BatchShare* own, int count)
+{
+    const int ready = own != nullptr ? own->take() : -1;
+    if (ready >= 0)
+        return ready;
+    const int left = count - atomicLoadAcquire(_currentBatchToProcess);
+    if (left > 0)
+    {
+        // A good part of what is left, as neighbours are best treated by one thread, and ever fewer.
+        const int wanted = std::max(left / (2 * getThreadCount()), 1);
+        const int index = own != nullptr ? own->fetch(_currentBatchToProcess, count, wanted)
+                                         : fetchAndIncrementIndexOfBatchToProcess();
+        if (index < count)
+            return index;
+    }
+    for (int i = 0; _shares && i < getThreadCount(); ++i)
+    {
+        const int foreign = _shares[i].take();
+        if (foreign >= 0)
+            return foreign;
+    }
+    return -1;
 }
 
 void MultiThreadProcessor::launchThreadedUpdate()
@@ -184,6 +212,7 @@ void MultiThreadProcessor::setupWorkerThreads(int threadCount, size_t stackSize)
         return;
     _workerThreads.clear(); // a definition that the system refused cannot be used again
     _workerThreads.resize(static_cast<size_t>(boundedCount - 1));
+    _shares = std::make_unique<BatchShare[]>(static_cast<size_t>(boundedCount));
     for (threaddef_t& worker : _workerThreads)
     {
         if (!createThread(worker, WorkerThread::startRoutine, this, stackSize))
@@ -207,6 +236,7 @@ void MultiThreadProcessor::closeWorkerThreads()
         joinThread(_workerThreads[static_cast<size_t>(i)]);
     _workerThreadCount = 0;
     _workerThreads.set_capacity(0);
+    _shares.reset();
 }
 
 } // namespace mrv

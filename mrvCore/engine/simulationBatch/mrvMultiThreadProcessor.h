@@ -2,6 +2,7 @@
 // The worker pool of the process.
 #pragma once
 
+#include "mrvCore/engine/simulationBatch/mrvBatchShare.h"
 #include "mrvCore/engine/simulationBatch/mrvProcessingBatch.h"
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/containers/mrvArray.h"
@@ -11,12 +12,15 @@
 #include "mrvCore/system/thread/mrvSynchroBarrier.h"
 #include "mrvCore/system/thread/mrvThread.h"
 
+#include <memory>
+
 namespace mrv {
 
 /// Cuts a range of indices into batches and runs them on its workers and on the calling thread.
 ///
-/// Batches are handed out one by one through an atomic counter, in ascending order, whoever is free; nothing
-/// is said of the order in which they end. Workers sleep on a barrier between rounds.
+/// Batches are handed out through an atomic counter to whoever is free. A thread fetches a few at a time and
+/// begins them one by one, and threads that find none left take what others have not begun. Nothing is said
+/// of the order in which batches begin and end. Workers sleep on a barrier between rounds.
 /// Threads: any thread may call processThreadable; the pool serves one request at a time, and a second one
 /// runs alone on its caller's thread. Everything that changes the number of threads takes no lock: it must
 /// not run during a round.
@@ -70,10 +74,10 @@ public:
     void waitForThreadedUpdateEnd();
     /// @}
 
-    /// Takes and runs batches until none is left.
+    /// Takes and runs batches until none is left that nobody has begun.
     void consumeBatchQueueTask();
 
-    /// The next batch that nobody has taken; beyond the last where there is none.
+    /// The next batch that nobody has fetched; beyond the last where there is none.
     int fetchAndIncrementIndexOfBatchToProcess()
     {
         return atomicFetchAddSequentiallyConsistent(_currentBatchToProcess, 1);
@@ -89,6 +93,8 @@ private:
     friend class WorkerThread;
 
     void fillBatchQueue(ProcessingBatch batch, int64_t lastIndex, int64_t batchSize);
+    /// A batch to begin; -1 where none is left.
+    int takeBatch(BatchShare* own, int count);
 
     atomic32_t _threadsDoneCount;
     MrvString _workerThreadsName;
@@ -101,7 +107,9 @@ private:
     bool _threadsLaunchFailed;
     bool _threadedProcessingInProgress;
     Array<ProcessingBatch> _batchQueueForMultithread;
+    std::unique_ptr<BatchShare[]> _shares;         ///< one a thread, the calling thread's first
     alignas(64) atomic32_t _currentBatchToProcess; ///< on a cache line of its own: all threads fight for it
+    atomic32_t _sharesInUse;                       ///< of the current round
     SpinLock _mySpinLock;                          ///< held by the one request that the pool serves
     int _threadsInUse;
 };

@@ -254,7 +254,7 @@ TEST_F(TwoThreads, theCallerWorksBesideTheWorker)
 TEST_F(TwoThreads, aSlowBatchHoldsUpNoOther)
 {
     constexpr int count = 1000;
-    for (const int64_t slow : { 0, 500 })
+    for (const int64_t slow : { 0, 1, 250, 500, 999 })
     {
         std::atomic<int> done(0);
         process(_pool, count - 1, 1, [&](ProcessingBatch& batch) {
@@ -264,6 +264,18 @@ TEST_F(TwoThreads, aSlowBatchHoldsUpNoOther)
         });
         EXPECT_EQ(done, count);
     }
+}
+
+TEST_F(TwoThreads, aThreadThatThePoolDoesNotCountMayHelp)
+{
+    std::vector<std::atomic<int>> treated(100);
+    std::atomic<int> arrived(0);
+    process(_pool, 99, 1, [&](ProcessingBatch& batch) {
+        if (arrived++ < 2) // on either thread of the pool: the rest is for the helper
+            std::thread([this] { _pool.consumeBatchQueueTask(); }).join();
+        ++treated[static_cast<size_t>(batch._firstIndex)];
+    });
+    EXPECT_EQ(std::count(treated.begin(), treated.end(), 1), 100);
 }
 
 TEST_F(TwoThreads, shortBatchesBesideLongOnesTreatEachIndexOnce)
