@@ -17,12 +17,14 @@ namespace {
 using Mapping = GenericSpecificConverterMappingV8;
 using Load = LoadSkeletonMappingErrorCode;
 
-// The oldest and the current version; then those with other bones, with blend shapes and with blind data.
+// Every version, the oldest and the current one in both forms.
 const char* const files[] = {
     "mappings/biped_mapping_v0.mvsm", "mappings/biped_mapping_v0.mvsm.xml",
     "mappings/biped_mapping_v8.mvsm", "mappings/biped_mapping_v8.mvsm.xml",
-    "versions/mapping_v2.mvsm",       "versions/mapping_v4.mvsm.xml",
-    "versions/mapping_v5.mvsm",       "versions/mapping_v7.mvsm",
+    "versions/mapping_v1.mvsm.xml",   "versions/mapping_v2.mvsm",
+    "versions/mapping_v3.mvsm",       "versions/mapping_v4.mvsm.xml",
+    "versions/mapping_v5.mvsm",       "versions/mapping_v6.mvsm.xml",
+    "versions/mapping_v7.mvsm",
 };
 
 std::string contentOf(const std::string& name)
