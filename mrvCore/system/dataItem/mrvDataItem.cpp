@@ -5,7 +5,6 @@
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/utils/mrvNumberText.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include <strings.h>
@@ -13,17 +12,6 @@
 namespace mrv {
 
 namespace {
-
-/// Moves the items to a block of exactly `capacity`. They keep what they own, where the array by itself
-/// would copy whole subtrees.
-void moveToCapacity(Array<DataItem>& items, size_t capacity)
-{
-    Array<DataItem> moved(items.getMemoryStatId());
-    moved.set_capacity(capacity);
-    moved.resize(items.size());
-    std::move(items.begin(), items.end(), moved.begin());
-    items.swap(moved);
-}
 
 template <class Item>
 void collectNamed(Item& parent, const char* name, bool recursive, Array<Item*>& found)
@@ -93,9 +81,9 @@ T valueAt(const char* place)
 const DataItem* DataItem::getChild(const char* name) const
 {
     const size_t length = std::strlen(name);
-    for (const DataItem& child : _children)
-        if (child._texts.getName().equals(name, length))
-            return &child;
+    for (unsigned int i = 0; i < getChildrenCount(); ++i)
+        if (getChild(i)._texts.getName().equals(name, length))
+            return &getChild(i);
     return nullptr;
 }
 
@@ -122,26 +110,6 @@ void DataItem::addChild(const DataItem& child)
 {
     DataItem copy(child); // the child may lie in this tree
     addChild() = std::move(copy);
-}
-
-DataItem& DataItem::addChild()
-{
-    if (_children.size() == _children.capacity())
-        moveToCapacity(_children, _children.empty() ? 2 : 2 * _children.size());
-    return _children.addOne();
-}
-
-void DataItem::addChildren(size_t count)
-{
-    const size_t size = _children.size() + count;
-    reserveChildrenSpace(size);
-    _children.resize(size);
-}
-
-void DataItem::reserveChildrenSpace(size_t count)
-{
-    if (count > _children.capacity())
-        moveToCapacity(_children, count);
 }
 
 std::pair<const char*, const char*> DataItem::getAttribute(unsigned int index) const
@@ -255,8 +223,8 @@ void DataItem::trace(MrvString& out, MrvString& indent) const
 
     const size_t indentSize = indent.size();
     indent += "   ";
-    for (const DataItem& child : _children)
-        child.trace(out, indent);
+    for (unsigned int i = 0; i < getChildrenCount(); ++i)
+        getChild(i).trace(out, indent);
     indent.resize(indentSize);
 }
 

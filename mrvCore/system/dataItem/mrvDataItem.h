@@ -5,6 +5,7 @@
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvString.h"
+#include "mrvCore/system/dataItem/mrvItemChildren.h"
 #include "mrvCore/system/dataItem/mrvItemTexts.h"
 
 #include <cstring>
@@ -45,10 +46,18 @@ public:
     void setName(const char* name) { _texts.setName(name, std::strlen(name)); }
     void setName(const char* name, unsigned int length) { _texts.setName(name, length); }
 
-    unsigned int getChildrenCount() const { return static_cast<unsigned int>(_children.size()); }
+    unsigned int getChildrenCount() const { return _children.size(); }
     /// `index` is below getChildrenCount().
-    const DataItem& getChild(unsigned int index) const { return _children[index]; }
-    DataItem& touchChild(unsigned int index) { return _children[index]; }
+    const DataItem& getChild(unsigned int index) const
+    {
+        MRV_CONTAINER_CHECK(index < getChildrenCount());
+        return _children.begin()[index];
+    }
+    DataItem& touchChild(unsigned int index)
+    {
+        MRV_CONTAINER_CHECK(index < getChildrenCount());
+        return _children.begin()[index];
+    }
     /// The first child of that name, null if there is none.
     const DataItem* getChild(const char* name) const;
     DataItem* touchChild(const char* name);
@@ -61,11 +70,11 @@ public:
     /// Appends a copy, also of an item of this tree.
     void addChild(const DataItem& child);
     /// Appends an empty child.
-    DataItem& addChild();
+    DataItem& addChild() { return _children.add(); }
     /// Appends `count` empty children in one step.
-    void addChildren(size_t count);
+    void addChildren(size_t count) { _children.add(count); }
     /// Room for `count` children in all and no more; what is reserved is not moved when it is filled.
-    void reserveChildrenSpace(size_t count);
+    void reserveChildrenSpace(size_t count) { _children.reserve(count); }
 
     unsigned int getAttributesCount() const { return _texts.getAttributesCount(); }
     /// The value of the first attribute of that name, null if there is none. Names need not be unique; all
@@ -131,15 +140,18 @@ public:
     /// indented by three blanks more; `indent` comes back as it was.
     MrvString traceDataItems(MrvString& indent) const;
 
-    /// Name, content and attributes, for code that walks whole trees.
+    /// @{
+    /// Name, content and attributes, and the children, for code that walks whole trees.
     const internal::ItemTexts& getTexts() const { return _texts; }
     internal::ItemTexts& touchTexts() { return _texts; }
+    internal::ItemChildren& touchChildren() { return _children; }
+    /// @}
 
 private:
     void trace(MrvString& out, MrvString& indent) const;
 
     internal::ItemTexts _texts;
-    Array<DataItem> _children;
+    internal::ItemChildren _children;
 };
 
 /// "0" and "false" are false, "1" and "true" are true, the words in any case; all else is the default.

@@ -27,20 +27,33 @@ void ItemTexts::freeOutside()
     freeBlock(begin());
 }
 
+void ItemTexts::allocateOutside(size_t capacity)
+{
+    // Lengths have 32 bits: what is beyond is no memory that an item can have.
+    char* const block = static_cast<char*>(allocateBlock(capacity > UINT_MAX ? SIZE_MAX : capacity, 1));
+    std::memcpy(_bytes, &block, sizeof(block));
+    _capacity = static_cast<uint32_t>(capacity);
+}
+
 ItemTexts ItemTexts::makeCopy(size_t capacity) const
 {
     ItemTexts copy;
     if (capacity > roomInside)
-    {
-        // Lengths have 32 bits: what is beyond is no memory that an item can have.
-        char* const block = static_cast<char*>(allocateBlock(capacity > UINT_MAX ? SIZE_MAX : capacity, 1));
-        std::memcpy(copy._bytes, &block, sizeof(block));
-        copy._capacity = static_cast<uint32_t>(capacity);
-    }
+        copy.allocateOutside(capacity);
     std::memcpy(copy.begin(), begin(), _size);
     copy._size = _size;
     copy._attributesCount = _attributesCount;
     return copy;
+}
+
+void ItemTexts::start(const char* name, size_t nameSize, size_t added)
+{
+    constexpr size_t emptyContent = 2;
+    const size_t size = ItemText::footprintOf(nameSize) + emptyContent;
+    if (size + added > roomInside)
+        allocateOutside(size + added);
+    std::memset(ItemText::write(begin(), name, nameSize), 0, emptyContent);
+    _size = static_cast<uint32_t>(size);
 }
 
 void ItemTexts::replace(const ItemText& former, const char* text, size_t size)

@@ -122,6 +122,8 @@ public:
         return nullptr;
     }
 
+    /// Gives new texts their name, and room for so many further bytes as reserve() counts them.
+    void start(const char* name, size_t nameSize, size_t added);
     void setName(const char* text, size_t size) { replace(getName(), text, size); }
     void setContent(const char* text, size_t size) { replace(getContent(), text, size); }
     /// Puts another text in the place of one of these.
@@ -164,6 +166,7 @@ private:
         return place;
     }
     void freeOutside();
+    void allocateOutside(size_t capacity);
     ItemTexts makeCopy(size_t capacity) const;
     void addAttributeGrowing(const char* name, size_t nameSize, const char* value, size_t valueSize);
 

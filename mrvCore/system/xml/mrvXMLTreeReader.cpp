@@ -1,11 +1,12 @@
 // mrvCore/system/xml/mrvXMLTreeReader.cpp
-// Reads XML text into a data item tree. The one place that knows RapidXML.
+// Reads XML text into a data item tree, by the plain reader or else by RapidXML, which only this place knows.
 #include "mrvCore/system/xml/mrvXMLTreeReader.h"
 
 #include "mrvCore/system/dataItem/mrvDataItem.h"
 #include "mrvCore/system/utils/mrvFileName.h"
 #include "mrvCore/system/xml/mrvXMLInputFile.h"
 #include "mrvCore/system/xml/mrvXMLNesting.h"
+#include "mrvCore/system/xml/mrvXMLPlainReader.h"
 
 #include <algorithm>
 #include <climits>
@@ -89,6 +90,12 @@ struct Pending
     DataItem* item;
 };
 
+bool isNew(const DataItem& item)
+{
+    return item.getChildrenCount() == 0 && item.getAttributesCount() == 0 &&
+           item.getTexts().getContent().empty();
+}
+
 bool isInclude(const Node& node)
 {
     constexpr char name[] = "include";
@@ -125,9 +132,11 @@ public:
     explicit TreeReader(XMLReadFailure& failure) : _failure(failure) {}
 
     bool readFile(Source& source, DataItem& item);
-    bool readBuffer(Source& source, DataItem& item);
+    bool readText(Source& source, DataItem& item);
 
 private:
+    bool readPlain(const Source& source, const char* text, size_t size, DataItem& item) const;
+    bool readBuffer(Source& source, DataItem& item);
     bool fromRapidXmlElementToDataItem(DataItem& root, const Node& rootNode, const Source& source);
     bool include(DataItem& item, const Node& node, const Source& source, size_t level);
 
@@ -153,7 +162,29 @@ bool TreeReader::readFile(Source& source, DataItem& item)
         return failAtFile(source, "thisFile.size() > 0", MrvString("Unable to load file ") + source.fileName,
                           reason);
     }
+    return readPlain(source, source.buffer.begin(), source.buffer.size() - 1, item) ||
+           readBuffer(source, item);
+}
+
+bool TreeReader::readText(Source& source, DataItem& item)
+{
+    if (readPlain(source, source.text, source.size, item))
+        return true;
+    source.buffer.set_capacity(source.size + 1);
+    source.buffer.assign(source.size, source.text);
+    source.buffer.push_back('\0');
     return readBuffer(source, item);
+}
+
+/// False, with nothing done, for a text that takes the whole parser.
+bool TreeReader::readPlain(const Source& source, const char* text, size_t size, DataItem& item) const
+{
+    if (size >= UINT_MAX || !isNew(item) ||
+        !XMLPlainReader(text, size, XMLReadLimits::levels - source.levelsAbove).read(item))
+        return false;
+    if (source.fileName != nullptr)
+        source.current->set(source.fileName);
+    return true;
 }
 
 bool TreeReader::readBuffer(Source& source, DataItem& item)
@@ -317,10 +348,7 @@ bool readXMLText(const char* text, size_t size, FileName& current, DataItem& ite
     source.text = text;
     source.size = size;
     source.current = &current;
-    source.buffer.set_capacity(size + 1);
-    source.buffer.assign(size, text);
-    source.buffer.push_back('\0');
-    return TreeReader(failure).readBuffer(source, item);
+    return TreeReader(failure).readText(source, item);
 }
 
 } // namespace mrv
