@@ -100,6 +100,8 @@ public:
     /// Becomes a copy of `other`, its description included. The display configurations stay those of the
     /// own character.
     void createFromConst(const GenericSpecificConverterMappingV8& other);
+    /// Becomes the same from a mapping that may only be destroyed afterwards.
+    void takeOver(GenericSpecificConverterMappingV8& other);
     /// @{
     /// Becomes what a mapping of an older version holds, in one step and with a skeleton of its own. The old
     /// one may only be destroyed afterwards.

@@ -7,6 +7,8 @@
 #include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 #include "mrvCore/assetManagement/mrvBlindData.h"
 
+#include <utility>
+
 namespace mrv {
 
 void GenericSpecificConverterMappingV8::createFromV7(GenericSpecificConverterMappingV7& old)
@@ -27,6 +29,7 @@ GenericSpecificConverterMappingV8&
 GenericSpecificConverterMappingV8::operator=(GenericSpecificConverterMappingV8&& other) noexcept
 {
     internal::takeUnchanged(*this, other);
+    std::swap(_skeletonDisplay, other._skeletonDisplay); // back: each belongs to the character around it
     updateBlindDataFloatCount();
     _cacheAllowedGlobal = other._cacheAllowedGlobal;
     _orientationToZUpXFront = other._orientationToZUpXFront;
@@ -34,6 +37,15 @@ GenericSpecificConverterMappingV8::operator=(GenericSpecificConverterMappingV8&&
     _maxIterations = other._maxIterations;
     _quality = other._quality;
     return *this;
+}
+
+void GenericSpecificConverterMappingV8::takeOver(GenericSpecificConverterMappingV8& other)
+{
+    if (this == &other)
+        return;
+    *this = std::move(other);
+    if (_skeletonDescription != nullptr)
+        _skeletonDescription->becomeOwnCopy();
 }
 
 } // namespace mrv

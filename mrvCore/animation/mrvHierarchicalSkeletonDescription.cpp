@@ -197,6 +197,44 @@ HierarchicalSkeletonDescriptionV1::operator=(const HierarchicalSkeletonDescripti
     return *this;
 }
 
+void HierarchicalSkeletonDescriptionV1::becomeOwnCopy()
+{
+    if (isLikeOwnCopy())
+        return computeCaches();
+    HierarchicalSkeletonDescriptionV1 copy(*this);
+    _bones.swap(copy._bones);
+    std::swap(_rootBone, copy._rootBone);
+}
+
+/// True if, caches aside, a copy would be the same. Of bones in another order than from fathers to children,
+/// in which computeCaches() would miss stale ones, it is not told.
+bool HierarchicalSkeletonDescriptionV1::isLikeOwnCopy() const
+{
+    const auto isAtItsIndex = [this](const Bone* bone) {
+        const size_t index = static_cast<size_t>(bone->getSpecificBoneIndex());
+        return index < _bones.size() && _bones[index] == bone;
+    };
+    PODArray<unsigned int> childrenMet(_bones.size(), 0);
+    for (size_t i = 0; i < _bones.size(); ++i)
+    {
+        const Bone* const bone = _bones[i];
+        if (bone == nullptr || bone->getSpecificBoneIndex() != static_cast<int>(i))
+            return false;
+        const Bone* const father = bone->getFather();
+        if (father == nullptr)
+            continue;
+        if (!isAtItsIndex(father) || father->getSpecificBoneIndex() >= bone->getSpecificBoneIndex())
+            return false;
+        const unsigned int place = childrenMet[static_cast<size_t>(father->getSpecificBoneIndex())]++;
+        if (place >= father->getNbChildren() || father->getChild(place) != bone)
+            return false;
+    }
+    for (size_t i = 0; i < _bones.size(); ++i)
+        if (childrenMet[i] != _bones[i]->getNbChildren())
+            return false;
+    return _rootBone == nullptr || isAtItsIndex(_rootBone);
+}
+
 HierarchicalSkeletonDescriptionV1::~HierarchicalSkeletonDescriptionV1()
 {
     HierarchicalSkeletonDescriptionV1::clear();

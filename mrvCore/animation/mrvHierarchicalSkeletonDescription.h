@@ -60,6 +60,9 @@ public:
     /// that the old bones had before the bind pose are left out.
     void createFrom(const HierarchicalSkeletonDescriptionV0& old);
 
+    /// Becomes what a copy of it would be. Keeps the bones where they need no new numbers or links.
+    void becomeOwnCopy();
+
     /// Deletes the bones and empties everything.
     virtual void clear();
 
@@ -110,6 +113,7 @@ public:
     void bakeSkeletonOverride(const Override& skeletonOverride);
 
 private:
+    bool isLikeOwnCopy() const;
     bool hasSoundLinks(bool logErrors) const;
     void linkBones(const PODArray<int>& fatherPositions, int rootPosition);
     void computeCaches();

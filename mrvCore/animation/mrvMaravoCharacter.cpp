@@ -32,7 +32,7 @@ void MaravoCharacterV24::addAttributes()
     addAttribute<Array<ShaderAssetV2>>("shaderAssets", &V24::_shaderAssets);
     addAttribute<Array<RenderingTypeV4>>("renderingTypes", &V24::_renderingTypes);
     addAccessorsAttribute<const GenericSpecificConverterMappingV8&>(
-        "converterMapping", &V24::getConverterMapping, &V24::setConverterMapping);
+        "converterMapping", &V24::getConverterMapping, &V24::setConverterMapping, &V24::takeConverterMapping);
     addAccessorsAttribute<const CharacterUserDataV0&>("characterUserData", &V24::getCharacterUserData,
                                                       &V24::setCharacterUserData);
     addAttribute<Array<SkeletonOverrideV0>>("skeletonOverrides", &V24::_skeletonOverrides);
@@ -119,6 +119,11 @@ void MaravoCharacterV24::loadCharacter(const MaravoCharacterV24& other)
 void MaravoCharacterV24::setConverterMapping(const GenericSpecificConverterMappingV8& mapping)
 {
     _converterMapping.createFromConst(mapping);
+}
+
+void MaravoCharacterV24::takeConverterMapping(GenericSpecificConverterMappingV8& mapping)
+{
+    _converterMapping.takeOver(mapping);
 }
 
 size_t MaravoCharacterV24::getGeometryAssetsCount() const

@@ -82,6 +82,8 @@ public:
 
     /// Copies all that files hold. File version and path stay.
     void loadCharacter(const MaravoCharacterV24& other);
+    /// The same from a character that may only be destroyed afterwards.
+    void takeCharacter(MaravoCharacterV24& other);
 
     /// Writes the character in place of a former file, which stays whole if this fails.
     ///
@@ -102,6 +104,8 @@ public:
 
     const GenericSpecificConverterMappingV8& getConverterMapping() const { return _converterMapping; }
     void setConverterMapping(const GenericSpecificConverterMappingV8& mapping);
+    /// The same from a mapping that may only be destroyed afterwards.
+    void takeConverterMapping(GenericSpecificConverterMappingV8& mapping);
     const CharacterUserDataV0& getCharacterUserData() const { return _characterUserData; }
     void setCharacterUserData(const CharacterUserDataV0& userData) { _characterUserData = userData; }
 

@@ -104,7 +104,8 @@ Load::Value MaravoCharacterV24::loadCharacterFile(const MrvString& fileName, boo
     MaravoCharacterInterface* converted = nullptr;
     convertFrom(read.release(), converted, _fileVersion);
     read.reset(converted);
-    loadCharacter(static_cast<const MaravoCharacterV24&>(*converted));
+    takeCharacter(
+        static_cast<MaravoCharacterV24&>(*converted)); // two of a large one would be the peak of memory
     read.reset();
 
     HierarchicalSkeletonDescriptionV1* skeleton = _converterMapping.touchSkeletonDescription();

@@ -4,6 +4,7 @@
 
 #include "mrvCore/animation/_compatibility/mrvMaravoCharacterV23.h"
 #include "mrvCore/animation/_compatibility/mrvVersionSteps.h"
+#include "mrvCore/animation/mrvHierarchicalSkeletonDescription.h"
 
 namespace mrv {
 
@@ -17,6 +18,13 @@ void step(MaravoCharacterV24& to, Old& old)
 }
 
 } // namespace
+
+void MaravoCharacterV24::takeCharacter(MaravoCharacterV24& other)
+{
+    internal::takeUnchanged(*this, other);
+    if (HierarchicalSkeletonDescriptionV1* skeleton = _converterMapping.touchSkeletonDescription())
+        skeleton->becomeOwnCopy();
+}
 
 MRV_DEFINE_STEP(MaravoCharacterV24, createFromV23, MaravoCharacterV23)
 

@@ -30,6 +30,11 @@ struct BinarySite
         stream.readLocalValue(value);
     }
     template <typename V>
+    static constexpr bool keepsBytesOf()
+    {
+        return Stream::template keepsBytesOf<V>();
+    }
+    template <typename V>
     static size_t minimumSizeOf()
     {
         return Stream::template minimumSizeOf<V>();
@@ -58,10 +63,16 @@ struct XMLSite
     {
         stream.readLocalValue(item, value);
     }
+    template <typename V>
+    static constexpr bool keepsBytesOf()
+    {
+        return false;
+    }
 };
 
 /// An attribute reached through `Reach`, which has get(const Owner&), set(Owner&, T) and isDirect; where
-/// that is true also touch(), for a member that is read in place.
+/// that is true also touch(), for a member that is read in place. Behind a reference it has mayTake; where
+/// that is true also hasTaker() and take(Owner&, T&).
 ///
 /// Leaves that are not direct call their setter in the second pass alone, when the whole graph is known.
 /// A class derived from a leaf may override the getter and setter; writing and reading then go through
@@ -195,6 +206,31 @@ protected:
     template <typename Leaf, typename Site>
     void unpackFrom(const Site& site, Owner& owner) const
     {
+        if constexpr (Site::template keepsBytesOf<T>())
+            return unpackBytes<Leaf>(site, owner);
+        else
+            return unpackObject<Leaf>(site, owner);
+    }
+
+    Reach _reach;
+
+private:
+    template <typename Leaf, typename Site>
+    void unpackBytes(const Site& site, Owner& owner) const
+    {
+        T value = T();
+        if (!site.stream.isFirstPass())
+            site.stream.popBytesFromFifo(value, this);
+        site.read(value);
+        if (site.stream.isFirstPass())
+            site.stream.pushBytesInFifo(value, this);
+        else
+            handOver<Leaf>(owner, value);
+    }
+
+    template <typename Leaf, typename Site>
+    void unpackObject(const Site& site, Owner& owner) const
+    {
         if (site.stream.isFirstPass())
         {
             T* value = new T();
@@ -208,11 +244,18 @@ protected:
             value = new T();
         site.read(*value);
         site.stream.leaveFifoValue();
-        setConstReference(owner, *value);
+        handOver<Leaf>(owner, *value);
         delete value;
     }
 
-    Reach _reach;
+    template <typename Leaf>
+    void handOver(Owner& owner, T& value) const
+    {
+        if constexpr (Reach::mayTake)
+            if (_reach.hasTaker() && typeid(*this) == typeid(Leaf))
+                return _reach.take(owner, value);
+        setConstReference(owner, value);
+    }
 };
 
 /// The four operations of the streams, from packTo and unpackFrom of `Base`.

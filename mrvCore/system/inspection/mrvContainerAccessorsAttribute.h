@@ -12,6 +12,7 @@ template <typename T, typename Owner>
 struct ContainerAccessorsReach
 {
     static constexpr bool isDirect = false;
+    static constexpr bool mayTake = false;
 
     T get(const Owner& owner) const { return (owner.*_getter)(_index); }
     void set(Owner& owner, T value) const { (owner.*_setter)(_index, value); }

@@ -6,6 +6,8 @@
 #include "mrvCore/system/inspection/mrvRTTI.h"
 #include "mrvCore/system/inspection/mrvRTTICreator.h"
 
+#include <type_traits>
+
 namespace mrv {
 
 template <typename T, typename Owner>
@@ -41,7 +43,7 @@ struct MRV_CORE_API PersistentClass
 
 /// The members that every persistent class has; stands first in the class and leaves it public.
 /// The class's record is reached by getClassRTTI() and getRTTI(); addAttributes() is the class's own and
-/// declares bases and attributes, in their permanent order, with the four private helpers. It runs twice
+/// declares bases and attributes, in their permanent order, with the private helpers. It runs twice
 /// in the life of a record: at the registration, and at the removal, where each declaration undoes itself.
 #define MRV_PERSISTENT_CLASS(Class) MRV_INTERNAL_PERSISTENT_CLASS(Class, )
 
@@ -88,6 +90,13 @@ private:                                                                        
     {                                                                                                        \
         const ::mrv::RTTI& rtti = getClassRTTI();                                                            \
         rtti.addAttribute(::mrv::AccessorsAttribute<T, Class>(name, rtti, getter, setter));                  \
+    }                                                                                                        \
+    template <typename T>                                                                                    \
+    static void addAccessorsAttribute(const char* name, T (Class::*getter)() const,                          \
+                                      void (Class::*setter)(T), void (Class::*taker)(std::decay_t<T>&))      \
+    {                                                                                                        \
+        const ::mrv::RTTI& rtti = getClassRTTI();                                                            \
+        rtti.addAttribute(::mrv::AccessorsAttribute<T, Class>(name, rtti, getter, setter, taker));           \
     }                                                                                                        \
     template <typename T>                                                                                    \
     static void addContainerAccessorsAttribute(const char* name, T (Class::*getter)(unsigned int) const,     \

@@ -310,7 +310,14 @@ void BinaryStream::read(MrvString& value)
         value.clear();
         return;
     }
-    value.assign(_readNext, length);
+    if (length >= value.capacity())
+    {
+        MrvString exact(_readNext, length); // assign() would leave spare room
+        exact.getData().setMemoryStatId(value.getData().getMemoryStatId());
+        value.swap(exact);
+    }
+    else
+        value.assign(_readNext, length);
     _readNext += length;
 }
 

@@ -85,6 +85,27 @@ public:
     void leaveFifoValue() { _readIdentities.leaveValue(); }
     /// @}
 
+    /// True for values that wait as their bytes, without an object of their own: they keep alive nothing.
+    template <typename T>
+    static constexpr bool keepsBytesOf()
+    {
+        return std::is_trivially_copyable_v<T> && !internal::HoldsObjects<T>::value;
+    }
+    /// @{
+    /// As pushValueInFifo and popValuefromFifo, in a queue beside that one, for a value that has been read.
+    /// Without bytes of this attribute the value stays as it was.
+    template <typename T>
+    void pushBytesInFifo(const T& value, const AbstractAttribute* attribute)
+    {
+        _readIdentities.pushBytes(&value, sizeof(value), attribute);
+    }
+    template <typename T>
+    void popBytesFromFifo(T& value, const AbstractAttribute* attribute)
+    {
+        _readIdentities.popBytes(&value, sizeof(value), attribute);
+    }
+    /// @}
+
     /// @{
     /// Raw bytes, in both passes.
     void write(const char* bytes, unsigned int count);
@@ -377,9 +398,9 @@ void BinaryStream::readElements(Elements& elements)
             return;
     if (_firstPass)
     {
-        if (internal::HoldsObjects<T>::value && !_readIdentities.beginContainer(&elements))
-            return setFailed();
         elements.clear();
+        if (count > elements.capacity())
+            elements.set_capacity(count); // no spare room: nothing will be added
         if constexpr (std::is_trivially_destructible_v<T>)
             elements.resize(count, T());
         else
@@ -418,16 +439,18 @@ void BinaryStream::read(MrvMap<K, V>& map)
 {
     const unsigned int count = readCount(internal::MinimumBinarySize<std::pair<K, V>>::value);
     if (_firstPass)
-    {
-        if (internal::HoldsObjects<std::pair<K, V>>::value && !_readIdentities.beginContainer(&map))
-            return setFailed();
         map.clear();
-    }
     for (unsigned int i = 0; i < count && !hasFailed(); ++i)
     {
         K key = K();
         readLocalValue(key);
-        readValue(map[key]);
+        const size_t formerSize = map.size();
+        V& value = map[key];
+        // Reading a list again would empty it, and objects in it are known by now.
+        if (_firstPass && internal::HoldsObjects<V>::value && map.size() == formerSize &&
+            !_readIdentities.beginAgain())
+            return setFailed();
+        readValue(value);
     }
 }
 

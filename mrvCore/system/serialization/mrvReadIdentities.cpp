@@ -6,6 +6,7 @@
 #include "mrvCore/system/log/mrvLogMacros.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace mrv::internal {
@@ -30,7 +31,7 @@ ReadIdentities::~ReadIdentities()
 ReadIdentities::Object& ReadIdentities::touch(uint32_t id)
 {
     ++_touches;
-    const Place place = placeOf(id);
+    const BlockPlace place = placeOf(id);
     Object*& block = _blocks[place.block];
     if (block == nullptr)
     {
@@ -48,21 +49,37 @@ ReadIdentities::Object& ReadIdentities::touch(uint32_t id)
     return entry;
 }
 
-ReadIdentities::Details& ReadIdentities::touchDetails(Object& entry)
+uint32_t ReadIdentities::numberOf(const RTTI& type)
 {
-    if (entry.details == 0)
+    if (_lastType != 0 && _types[_lastType - 1] == &type)
+        return _lastType;
+    uint32_t& number = _typeNumbers.touch(reinterpret_cast<uintptr_t>(&type));
+    if (number == 0)
     {
-        _details.push_back(Details());
-        entry.details = static_cast<uint32_t>(_details.size());
+        _types.push_back(&type);
+        number = static_cast<uint32_t>(_types.size());
     }
-    return _details[entry.details - 1];
+    return _lastType = number;
 }
 
-const RTTI* ReadIdentities::findType(const Object& entry, const RTTI& type) const
+uint32_t ReadIdentities::getPlace()
 {
-    if (entry.type == &type || entry.type->isDerivedFrom(type))
-        return entry.type;
-    for (uint32_t alias = detailsOf(entry).firstAlias; alias != 0; alias = _aliases[alias - 1].next)
+    if (_place != 0)
+        return _place;
+    const uint32_t scope = _scopes.any() ? _scopes.back().scope : 0;
+    if (_container == 0 && scope == 0)
+        return _place = _nowhere;
+    _places.push_back({ _container, scope });
+    return _place = static_cast<uint32_t>(_places.size()) - 1 + _firstPlace;
+}
+
+const RTTI* ReadIdentities::findType(uint32_t id, const Object& entry, const RTTI& type)
+{
+    const RTTI* const own = typeOf(entry);
+    if (own == &type || own->isDerivedFrom(type))
+        return own;
+    for (uint32_t alias = entry.hasAliases() ? _firstAliases.touch(id) : 0; alias != 0;
+         alias = _aliases[alias - 1].next)
         if (_aliases[alias - 1].type->isDerivedFrom(type))
             return _aliases[alias - 1].type;
     return nullptr;
@@ -70,12 +87,19 @@ const RTTI* ReadIdentities::findType(const Object& entry, const RTTI& type) cons
 
 // A value inside a replaced instance, or inside a waiting value that is not being read now, is no aim for a
 // pointer: it will be gone.
-bool ReadIdentities::isVisible(const Object& entry) const
+bool ReadIdentities::isVisible(const Object& entry)
 {
-    if (entry.holder >= _firstPlace && !entry.isCreated() && _created[entry.holder - _firstPlace].isReplaced)
+    if (entry.isCreated() || entry.place == _nowhere)
+        return true;
+    const Surroundings around = _places[entry.place - _firstPlace];
+    if (around.container != 0 && _isReplaced[around.container - 1])
         return false;
-    const uint32_t scope = detailsOf(entry).scope;
-    return scope == 0 || (scope != unknownScope && _scopes.find(scope) != _scopes.end());
+    if (around.scope == 0 || around.scope == unknownScope)
+        return around.scope == 0;
+    for (const Scope& open : _scopes)
+        if (open.scope == around.scope)
+            return true;
+    return false;
 }
 
 void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
@@ -86,32 +110,34 @@ void ReadIdentities::addValue(uint32_t id, void* object, const RTTI& type)
     if (entry.object == object)
     {
         // An object and its first member share their address and so their id.
-        if (findType(entry, type) == nullptr)
+        if (findType(id, entry, type) == nullptr)
         {
-            Details& details = touchDetails(entry);
-            _aliases.push_back({ &type, details.firstAlias });
-            details.firstAlias = static_cast<uint32_t>(_aliases.size());
+            uint32_t& first = _firstAliases.touch(id);
+            _aliases.push_back({ &type, entry.hasAliases() ? first : 0 });
+            first = static_cast<uint32_t>(_aliases.size());
+            entry.type |= _aliasMark;
         }
         return;
     }
     if (entry.isCreated())
-        createdOf(entry).isReplaced = true;
+    {
+        _isReplaced[(entry.place & ~_createdMark) - 1] = true;
+        _replaced.push_back({ entry.object, typeOf(entry) });
+    }
     else if (entry.object != nullptr && isVisible(entry))
         _isDamaged = true; // two values under one id
-    entry = { object, &type, _container, 0 };
-    if (!_scopes.empty())
-        touchDetails(entry).scope = _scopes.back();
+    entry = { object, getPlace(), numberOf(type) };
 }
 
 uint32_t ReadIdentities::addCreated(uint32_t id, void* object, const RTTI* type)
 {
     Object& entry = touch(id);
-    entry = { nullptr, nullptr, _nowhere, 0 };
+    entry = { nullptr, _nowhere, 0 };
     if (object == nullptr)
         return 0;
-    const uint32_t number = static_cast<uint32_t>(_created.size()) + _firstPlace;
-    entry = { object, type, number | _createdMark, 0 };
-    _created.push_back({ object, type, false });
+    _isReplaced.push_back(false);
+    const uint32_t number = static_cast<uint32_t>(_isReplaced.size());
+    entry = { object, number | _createdMark, numberOf(*type) };
     return number;
 }
 
@@ -120,7 +146,7 @@ ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
     const Object* entry = id != 0 ? findObject(id) : nullptr;
     if (entry == nullptr || entry->object == nullptr)
         return Found();
-    const RTTI* found = isVisible(*entry) ? findType(*entry, type) : nullptr;
+    const RTTI* found = isVisible(*entry) ? findType(id, *entry, type) : nullptr;
     if (found != nullptr)
         return { entry->object, found };
     _isDamaged = true;
@@ -129,25 +155,55 @@ ReadIdentities::Found ReadIdentities::find(uint32_t id, const RTTI& type)
 
 void ReadIdentities::pushValue(void* value, const AbstractAttribute* attribute)
 {
-    const uint32_t scope = static_cast<uint32_t>(_values.size() + 1);
-    _values.push_back({ value, attribute, scope });
-    _scopes.push_back(scope);
+    _values.push_back({ value, attribute });
+    enterScope(static_cast<uint32_t>(_values.size()));
+}
+
+void ReadIdentities::enterScope(uint32_t scope)
+{
+    _scopes.push_back({ scope, _place });
+    _place = 0;
 }
 
 void* ReadIdentities::popValue(const AbstractAttribute* attribute)
 {
     if (_nextValue < _values.size() && _values[_nextValue].attribute == attribute)
     {
-        const WaitingValue& waiting = _values[_nextValue++];
-        _scopes.push_back(waiting.scope);
-        return waiting.value;
+        void* const value = _values[_nextValue++].value;
+        enterScope(static_cast<uint32_t>(_nextValue));
+        return value;
     }
+    noteUnmet(attribute);
+    enterScope(unknownScope);
+    return nullptr;
+}
+
+void ReadIdentities::noteUnmet(const AbstractAttribute* attribute)
+{
     MRV_LOG_LIMITED(SDK, LOG_WARNING,
                     "The second reading of attribute " << (attribute != nullptr ? attribute->getName() : "")
                                                        << " met what the first one did not");
     _isDamaged = true;
-    _scopes.push_back(unknownScope);
-    return nullptr;
+}
+
+void ReadIdentities::pushBytes(const void* value, size_t size, const AbstractAttribute* attribute)
+{
+    const char* const name = reinterpret_cast<const char*>(&attribute);
+    _bytes.insert(_bytes.end(), name, name + sizeof(attribute));
+    const char* const bytes = static_cast<const char*>(value);
+    _bytes.insert(_bytes.end(), bytes, bytes + size);
+}
+
+void ReadIdentities::popBytes(void* value, size_t size, const AbstractAttribute* attribute)
+{
+    const AbstractAttribute* owner = nullptr;
+    const bool isThere = _bytes.size() - _nextByte >= sizeof(owner) + size;
+    if (isThere)
+        std::memcpy(&owner, _bytes.begin() + _nextByte, sizeof(owner));
+    if (!isThere || owner != attribute)
+        return noteUnmet(attribute);
+    std::memcpy(value, _bytes.begin() + _nextByte + sizeof(owner), size);
+    _nextByte += sizeof(owner) + size;
 }
 
 bool ReadIdentities::beginContainer(const void* container)
@@ -157,24 +213,29 @@ bool ReadIdentities::beginContainer(const void* container)
         return true;
     bool& isRead = _containers.touch(reinterpret_cast<uintptr_t>(container));
     if (isRead)
-    {
-        MRV_LOG_LIMITED(SDK, LOG_WARNING, "A list of objects is stored twice at one place");
-        _isDamaged = true;
-        return false;
-    }
+        return beginAgain();
     isRead = true;
     return true;
 }
 
+bool ReadIdentities::beginAgain()
+{
+    if (_localValues != 0)
+        return true;
+    MRV_LOG_LIMITED(SDK, LOG_WARNING, "A list of objects is stored twice at one place");
+    _isDamaged = true;
+    return false;
+}
+
 void ReadIdentities::enterLocalValue()
 {
-    _scopes.push_back(unknownScope);
+    enterScope(unknownScope);
     ++_localValues;
 }
 
 void ReadIdentities::leaveLocalValue()
 {
-    _scopes.pop_back();
+    leaveValue();
     --_localValues;
 }
 
@@ -182,13 +243,9 @@ void ReadIdentities::finish()
 {
     if (_isDamaged)
         return;
-    for (Created& created : _created)
-    {
-        if (!created.isReplaced)
-            continue;
-        created.type->destroyInstance(created.object);
-        created.isReplaced = false;
-    }
+    for (const Replaced& replaced : _replaced)
+        replaced.type->destroyInstance(replaced.object);
+    _replaced.clear();
 }
 
 void ReadIdentities::clear()
@@ -198,15 +255,21 @@ void ReadIdentities::clear()
         std::free(block);
         block = nullptr;
     }
-    _details.clear();
     _touches = 0;
     _strangeObjects.clear();
+    _types.clear();
+    _typeNumbers.clear();
+    _lastType = 0;
     _aliases.clear();
-    _created.clear();
+    _firstAliases.clear();
+    _places.clear();
+    _place = 0;
+    _container = 0;
+    _isReplaced.clear();
+    _replaced.clear();
     _scopes.clear();
     _localValues = 0;
     _containers.clear();
-    _container = _nowhere;
     _isDamaged = false;
 }
 

@@ -57,10 +57,15 @@ public:
     {
         const uint32_t former = _container;
         if (number != 0)
-            _container = number;
+            leaveCreated(number);
         return former;
     }
-    void leaveCreated(uint32_t former) { _container = former; }
+    void leaveCreated(uint32_t former)
+    {
+        if (former != _container)
+            _place = 0;
+        _container = former;
+    }
 
     /// First pass: the value waits for the second one. Until leaveValue its content is read.
     void pushValue(void* value, const AbstractAttribute* attribute);
@@ -68,11 +73,23 @@ public:
     /// Second pass: the oldest value, which must be of this attribute; null if it is not, or if there is
     /// none. Until leaveValue its content is read. Owned by the caller.
     void* popValue(const AbstractAttribute* attribute);
-    void leaveValue() { _scopes.pop_back(); }
+    void leaveValue()
+    {
+        _place = _scopes.back().formerPlace;
+        _scopes.pop_back();
+    }
+
+    /// The same for values without objects inside, which wait as their bytes. Without bytes of the attribute
+    /// the value stays as it was.
+    void pushBytes(const void* value, size_t size, const AbstractAttribute* attribute);
+    void popBytes(void* value, size_t size, const AbstractAttribute* attribute);
 
     /// First pass: a container of objects is about to be emptied and read. False, with a warning, if that was
     /// done before: what was registered inside would be gone.
     bool beginContainer(const void* container);
+
+    /// The same for a reader that knows by itself that it is at one place again.
+    bool beginAgain();
 
     /// Between these two a value is read that is gone afterwards. No pointer reaches an object inside it.
     void enterLocalValue();
@@ -92,51 +109,55 @@ private:
     struct Object
     {
         void* object;
-        const RTTI* type;
-        uint32_t holder;  ///< place in _created plus _firstPlace: of the instance in which a value lies, or,
-                          ///< marked by _createdMark, of this instance itself; _nowhere for none
-        uint32_t details; ///< place in _details plus 1, 0 for none
+        uint32_t place; ///< where a value lies: _nowhere, or place in _places plus _firstPlace; of an
+                        ///< instance made for a pointer its number, marked by _createdMark
+        uint32_t type; ///< place in _types plus 1; marked by _aliasMark if there are further types
 
-        bool isMet() const { return holder != 0; }
-        bool isCreated() const { return (holder & _createdMark) != 0; }
+        bool isMet() const { return place != 0; }
+        bool isCreated() const { return (place & _createdMark) != 0; }
+        bool hasAliases() const { return (type & _aliasMark) != 0; }
     };
-    /// Of the few objects that need it.
-    struct Details
+    /// In what values lie.
+    struct Surroundings
     {
-        uint32_t firstAlias = 0; ///< further types at the same address: place in _aliases plus 1
-        uint32_t scope = 0;      ///< waiting value in which a value lies, 0 for none
+        uint32_t container; ///< number of the instance, 0 for none
+        uint32_t scope;     ///< the waiting value, 0 for none
     };
     struct Alias
     {
         const RTTI* type;
         uint32_t next;
     };
-    struct Created
+    struct Replaced
     {
         void* object;
         const RTTI* type;
-        bool isReplaced;
     };
     struct WaitingValue
     {
         void* value;
         const AbstractAttribute* attribute;
+    };
+    struct Scope
+    {
         uint32_t scope;
+        uint32_t formerPlace;
     };
 
     static constexpr uint32_t _nowhere = 1;
     static constexpr uint32_t _firstPlace = 2;
     static constexpr uint32_t _createdMark = uint32_t(1) << 31;
+    static constexpr uint32_t _aliasMark = uint32_t(1) << 31;
     static constexpr uint32_t _firstBlockBits = 6;
 
-    struct Place
+    struct BlockPlace
     {
         uint32_t block;
         uint32_t blockSize;
         uint32_t index;
     };
     /// Block 0 has the first ids, and each further one as many as all before it.
-    static Place placeOf(uint32_t id)
+    static BlockPlace placeOf(uint32_t id)
     {
         if (id >> _firstBlockBits == 0)
             return { 0, uint32_t(1) << _firstBlockBits, id };
@@ -148,33 +169,40 @@ private:
     /// Null for an id that was not met.
     const Object* findObject(uint32_t id)
     {
-        const Place place = placeOf(id);
+        const BlockPlace place = placeOf(id);
         const Object* const block = _blocks[place.block];
         return block != nullptr && block[place.index].isMet() ? block + place.index
                                                               : _strangeObjects.find(id);
     }
     Object& touch(uint32_t id);
-    Created& createdOf(const Object& entry) { return _created[(entry.holder & ~_createdMark) - _firstPlace]; }
-    Details& touchDetails(Object& entry);
-    Details detailsOf(const Object& entry) const
-    {
-        return entry.details != 0 ? _details[entry.details - 1] : Details();
-    }
-    const RTTI* findType(const Object& entry, const RTTI& type) const;
-    bool isVisible(const Object& entry) const;
+    const RTTI* typeOf(const Object& entry) const { return _types[(entry.type & ~_aliasMark) - 1]; }
+    uint32_t numberOf(const RTTI& type);
+    uint32_t getPlace();
+    void enterScope(uint32_t scope);
+    void noteUnmet(const AbstractAttribute* attribute);
+    const RTTI* findType(uint32_t id, const Object& entry, const RTTI& type);
+    bool isVisible(const Object& entry);
 
     Object* _blocks[33 - _firstBlockBits] = {}; ///< by id, each as large as all before it
-    PODArray<Details> _details;
     size_t _touches = 0;
     FlatMap<Object> _strangeObjects; ///< those of ids far beyond the number of objects
+    PODArray<const RTTI*> _types;
+    FlatMap<uint32_t> _typeNumbers; ///< from their addresses to Object::type
+    uint32_t _lastType = 0;         ///< the number asked for last, 0 for none
     PODArray<Alias> _aliases;
-    PODArray<Created> _created;
-    PODArray<WaitingValue> _values;
-    size_t _nextValue = 0; ///< of _values, in the second pass
-    PODArray<uint32_t> _scopes;
-    unsigned int _localValues = 0;  ///< of _scopes, those of local values
-    FlatMap<bool> _containers;      ///< addresses of those that the first pass has read
-    uint32_t _container = _nowhere; ///< as Object::holder
+    FlatMap<uint32_t> _firstAliases; ///< by id, place in _aliases plus 1
+    PODArray<Surroundings> _places;
+    uint32_t _place = 0;            ///< as Object::place, of what is read now; 0 until it is needed
+    uint32_t _container = 0;        ///< as Surroundings::container
+    PODArray<bool> _isReplaced;     ///< by number of instance, from 1
+    PODArray<Replaced> _replaced;   ///< until they are deleted
+    PODArray<WaitingValue> _values; ///< the scope of each is its place plus 1
+    size_t _nextValue = 0;          ///< of _values, in the second pass
+    PODArray<char> _bytes;          ///< of the values without objects, each behind its attribute's address
+    size_t _nextByte = 0;           ///< of _bytes, in the second pass
+    PODArray<Scope> _scopes;
+    unsigned int _localValues = 0; ///< of _scopes, those of local values
+    FlatMap<bool> _containers;     ///< addresses of those that the first pass has read
     bool _isDamaged = false;
 };
 
