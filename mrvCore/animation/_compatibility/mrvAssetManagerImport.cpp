@@ -78,7 +78,7 @@ MrvString takeLastPart(const MrvString& name, size_t& end)
 {
     const size_t colon = end != 0 ? name.rfind(':', end - 1) : MrvString::npos;
     const size_t begin = colon != MrvString::npos ? colon + 1 : 0;
-    const MrvString part = name.substr(begin, end - begin);
+    MrvString part = name.substr(begin, end - begin);
     end = colon;
     return part;
 }

@@ -31,9 +31,10 @@ public:
     /// Deletes the bones and all that are linked to them.
     void deleteAll()
     {
-        for (size_t next = 0; next < _bones.size(); ++next)
+        size_t next = 0;
+        while (next < _bones.size())
         {
-            const HierarchicalBoneV0& bone = *_bones[next];
+            const HierarchicalBoneV0& bone = *_bones[next++];
             add(bone._father);
             for (const HierarchicalBoneV0* child : bone._children)
                 add(child);

@@ -86,7 +86,7 @@ public:
     ItemTexts(const ItemTexts& other);
     ItemTexts(ItemTexts&& other) noexcept
     {
-        std::memcpy(static_cast<void*>(this), &other, sizeof(*this));
+        std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof(*this));
         other.reset();
     }
     ~ItemTexts()
