@@ -111,7 +111,7 @@ private:
         void* object;
         uint32_t place; ///< where a value lies: _nowhere, or place in _places plus _firstPlace; of an
                         ///< instance made for a pointer its number, marked by _createdMark
-        uint32_t type; ///< place in _types plus 1; marked by _aliasMark if there are further types
+        uint32_t type;  ///< place in _types plus 1; marked by _aliasMark if there are further types
 
         bool isMet() const { return place != 0; }
         bool isCreated() const { return (place & _createdMark) != 0; }
