@@ -210,6 +210,30 @@ TEST_F(CharacterFile, copiesAllThatFilesHold)
     EXPECT_EQ(copy.saveCharacterFile(_folder.path("copy.mvcf")), Save::SUCCESS);
     EXPECT_EQ(_character.saveCharacterFile(_folder.path("own.mvcf")), Save::SUCCESS);
     EXPECT_TRUE(_folder.read("copy.mvcf") == _folder.read("own.mvcf"));
+
+    MaravoCharacterV24 taken;
+    taken._fileVersion = 3;
+    taken.takeCharacter(copy);
+    EXPECT_EQ(taken._fileVersion, 3);
+    EXPECT_TRUE(taken._runtimeFilePath.empty());
+    EXPECT_EQ(taken.saveCharacterFile(_folder.path("taken.mvcf")), Save::SUCCESS);
+    EXPECT_TRUE(_folder.read("taken.mvcf") == _folder.read("own.mvcf"));
+    for (const MaravoCharacterV24* character : { &copy, &taken })
+        EXPECT_EQ(character->getConverterMapping().getSkeletonDisplay(), &character->_skeletonDisplay);
+}
+
+TEST_F(CharacterFile, numbersTheBonesOfWhatItReads)
+{
+    for (HierarchicalBoneV1* bone : _character._converterMapping.touchSkeletonDescription()->touchBones())
+        bone->setSpecificBoneIndex(0);
+    for (const char* name : { "c.mvc", "c.mvcf" })
+    {
+        EXPECT_EQ(_character.saveCharacterFile(_folder.path(name)), Save::SUCCESS);
+        MaravoCharacterV24 loaded;
+        EXPECT_EQ(loaded.loadCharacterFile(_folder.path(name), false), Load::SUCCESS);
+        EXPECT_EQ(
+            loaded.getConverterMapping().getSkeletonDescription()->getBones()[2]->getSpecificBoneIndex(), 2);
+    }
 }
 
 TEST_F(CharacterFile, isNotReadFromWhatIsNoRegularFile)

@@ -319,6 +319,15 @@ TEST_F(CharacterVersions, mayAlsoBeCopied)
                                                        &MaravoCharacterV21::createFromV20);
 }
 
+TEST_F(CharacterVersions, keepTheDisplayOfTheirOwn)
+{
+    MaravoCharacterInterface* converted = nullptr;
+    convertFrom(makeCharacter(MRV_MVC_VERSION - 1).release(), converted, MRV_MVC_VERSION - 1);
+    const AnyCharacter owner(converted);
+    const MaravoCharacterV24& character = static_cast<const MaravoCharacterV24&>(*converted);
+    EXPECT_EQ(character.getConverterMapping().getSkeletonDisplay(), &character._skeletonDisplay);
+}
+
 /// All values of an item by their paths.
 void flatten(const DataItem& item, const std::string& path, std::map<std::string, std::string>& values)
 {

@@ -266,6 +266,68 @@ TEST_F(SkeletonDescriptionTest, aCopyIsNumberedByPosition)
     EXPECT_TRUE(isNear(findBone(copy, "thumb")->getWorldPosUnscaled(), Vector3(0.0f, 0.35f, 1.5f)));
 }
 
+struct OwnCopyCase
+{
+    const char* name;
+    void (*change)(Description&);
+    bool keepsBones;
+};
+
+// The thumb stands before its father in `body`: the others have it moved.
+const OwnCopyCase ownCopyCases[] = {
+    { "inOrder", [](Description&) {}, true },
+    { "withoutRoot", [](Description& d) { d.setRootBone(nullptr); }, true },
+    { "staleCaches",
+      [](Description& d) {
+          findBone(d, "thumb")->computeCache();
+          d.getRootBone()->rewriteLocalTransform(Vector3(5.0f, 0.0f, 0.0f), Quaternion::getIdentity());
+      },
+      true },
+    { "childBeforeItsFather", [](Description& d) { std::swap(d.touchBones()[2], d.touchBones()[3]); },
+      false },
+    { "twoOfOneNumber", [](Description& d) { findBone(d, "hand")->setSpecificBoneIndex(0); }, false },
+    { "negativeNumber", [](Description& d) { findBone(d, "head")->setSpecificBoneIndex(-1); }, false },
+    { "rootOfAnotherNumber",
+      [](Description& d) {
+          d.touchBones().push_back(new Bone("other", nullptr, 6));
+          d.setRootBone(d.getBones()[6]);
+          d.getRootBone()->setSpecificBoneIndex(1);
+      },
+      false },
+    { "childrenInAnotherOrder",
+      [](Description& d) {
+          std::reverse(d.getRootBone()->touchChildren().begin(), d.getRootBone()->touchChildren().end());
+      },
+      false },
+    { "childThatIsMissed", [](Description& d) { findBone(d, "spine")->touchChildren().pop_back(); }, false },
+    { "childThatIsNot",
+      [](Description& d) { findBone(d, "foot")->touchChildren().push_back(findBone(d, "head")); }, false },
+};
+
+TEST_F(SkeletonDescriptionTest, becomesWhatItsCopyIsAndKeepsBonesThatAreSo)
+{
+    for (const OwnCopyCase& row : ownCopyCases)
+    {
+        SCOPED_TRACE(row.name);
+        Description description("body");
+        fillSkeleton(description, body);
+        std::swap(description.touchBones()[2], description.touchBones()[3]);
+        description.getBones()[2]->setSpecificBoneIndex(2);
+        description.getBones()[3]->setSpecificBoneIndex(3);
+        description.initSortedBones();
+        row.change(description);
+        const Description copy(description);
+        const Bone* const first = description.getBones()[0];
+        description.becomeOwnCopy();
+        EXPECT_EQ(describe(description), describe(copy));
+        EXPECT_EQ(sortedNames(description), sortedNames(copy));
+        EXPECT_EQ(description.getBones()[0] == first, row.keepsBones);
+        for (size_t i = 0; i < copy.getBones().size(); ++i)
+            EXPECT_EQ(description.getBones()[i]->getWorldPosUnscaled(),
+                      copy.getBones()[i]->getWorldPosUnscaled());
+    }
+}
+
 TEST_F(SkeletonDescriptionTest, theLongestChainIsMeasuredWithoutTheRoot)
 {
     Description description;

@@ -177,6 +177,21 @@ TEST_F(BinaryStreamTest, membersHoldTheirValueAfterTheFirstPassAndAccessorsAfter
     EXPECT_EQ(stream.getPosition(), bytes.size());
 }
 
+TEST_F(BinaryStreamTest, whatIsReadHasNoSpareRoom)
+{
+    Scene scene, loaded;
+    scene._parts.resize(3);
+    scene._numbers.push_back(1);
+    scene._texts.resize(1);
+    scene._texts[0] = "ab";
+    loaded._numbers.reserve(20);
+    ASSERT_TRUE(unpacked(packed(scene), loaded));
+    EXPECT_EQ(loaded._parts.capacity(), 3u);
+    EXPECT_EQ(loaded._texts.capacity(), 1u);
+    EXPECT_EQ(loaded._texts[0].capacity(), 3u);
+    EXPECT_EQ(loaded._numbers.capacity(), 20u) << "room that is there stays";
+}
+
 TEST_F(BinaryStreamTest, anObjectOfOtherAttributesIsFatal)
 {
     Part part;
