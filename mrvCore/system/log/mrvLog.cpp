@@ -3,6 +3,7 @@
 #include "mrvCore/system/log/mrvLog.h"
 
 #include "mrvCore/system/log/mrvILogger.h"
+#include "mrvCore/system/log/mrvLogText.h"
 #include "mrvCore/system/thread/mrvScopedLock.h"
 #include "mrvCore/system/thread/mrvSpinLock.h"
 
@@ -33,6 +34,7 @@ void deallocateLog()
 {
     delete internal::gLog;
     internal::gLog = nullptr;
+    internal::LogText::freeWaitingStreams();
 }
 
 Log::Log() : _maxTraceCount(5)

@@ -5,7 +5,7 @@
 #include "mrvCore/mrvCoreApi.h"
 #include "mrvCore/system/log/mrvLog.h"
 
-#include <sstream>
+#include <ostream>
 
 namespace mrv::internal {
 
@@ -17,6 +17,9 @@ inline bool mustLog(Log::Module module, Log::Severity severity)
 
 /// A stream in the classic locale, whatever that of the host is. Its parts are functions of their own, out of
 /// the way of call sites that are filtered out.
+///
+/// A new stream costs more than most texts, so that those which are done with wait for the next message; a
+/// message that is built inside another one gets a stream of its own.
 class MRV_CORE_API LogText
 {
 public:
@@ -33,8 +36,11 @@ public:
     void trace(Log::Module module, Log::Severity severity, Log::TraceKey& key, const char* file, int line,
                const char* function);
 
+    /// Frees the streams that wait. For the single-threaded end of the log.
+    static void freeWaitingStreams();
+
 private:
-    std::ostringstream _stream;
+    std::ostream& _stream;
 };
 
 } // namespace mrv::internal

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <iomanip>
 #include <memory>
 #include <sstream>
 #include <stdexcept>
@@ -292,6 +294,94 @@ TEST_F(LogTest, theMacrosBuildATextOnlyWhenItIsWanted)
     EXPECT_EQ(calls, 9 + 6) << "without a log";
 }
 
+/// The text of a message behind its heading.
+std::string messageOf(const std::string& line)
+{
+    return line.substr(line.find(": ") + 2);
+}
+
+struct NumberFormat
+{
+    const char* name;
+    void (*set)(std::ostream&);
+};
+
+std::ostream& operator<<(std::ostream& stream, const NumberFormat& format)
+{
+    format.set(stream);
+    return stream;
+}
+
+const NumberFormat numberFormats[] = {
+    { "default", [](std::ostream&) {} },
+    { "fixed", [](std::ostream& s) { s << std::fixed; } },
+    { "scientific", [](std::ostream& s) { s << std::scientific; } },
+    { "hexadecimal", [](std::ostream& s) { s << std::hexfloat; } },
+    { "withSign", [](std::ostream& s) { s << std::showpos; } },
+    { "withPoint", [](std::ostream& s) { s << std::showpoint; } },
+    { "upperCase", [](std::ostream& s) { s << std::uppercase << std::hex; } },
+    { "noDigits", [](std::ostream& s) { s << std::setprecision(0); } },
+    { "noDigitsFixed", [](std::ostream& s) { s << std::fixed << std::setprecision(0); } },
+    { "negativePrecision", [](std::ostream& s) { s << std::setprecision(-1); } },
+    { "seventeenDigits", [](std::ostream& s) { s << std::setprecision(17); } },
+    { "fortyDigitsFixed", [](std::ostream& s) { s << std::fixed << std::setprecision(40); } },
+    { "wide", [](std::ostream& s) { s << std::setw(12) << std::setfill('*') << std::left; } },
+};
+
+TEST_F(LogTest, textsAreThoseOfAFreshStream)
+{
+    const CommaLocale commas;
+    const double numbers[] = { 0.0,      -0.0,      0.5,       0.1,   -2.5,     1e-7,
+                               123456.5, 1234567.0, 1e15,      1e300, -1.7e308, 5e-324,
+                               2.0 / 3,  INFINITY,  -INFINITY, NAN,   -NAN };
+    for (const NumberFormat& format : numberFormats)
+        for (const double number : numbers)
+        {
+            std::ostringstream expected;
+            expected.imbue(std::locale::classic());
+            format.set(expected);
+            expected << number << ' ' << static_cast<float>(number) << ' ' << 1234567 << ' ' << true;
+            logger->lines.clear();
+            MRV_LOG(SDK, LOG_INFO,
+                    format << number << ' ' << static_cast<float>(number) << ' ' << 1234567 << ' ' << true);
+            EXPECT_EQ(messageOf(logger->lines[0]), expected.str()) << format.name;
+        }
+}
+
+int logInside(int depth)
+{
+    if (depth > 0)
+        MRV_LOG(SDK, LOG_INFO, "level " << std::hex << depth << ' ' << logInside(depth - 1));
+    return depth;
+}
+
+TEST_F(LogTest, aTextLeavesNothingToTheNextOne)
+{
+    const std::string longText(100000, 'x');
+    const char* const none = nullptr;
+    MRV_LOG(SDK, LOG_INFO, std::hex << std::setfill('0') << std::setprecision(2) << "left" << std::setw(9));
+    MRV_LOG(SDK, LOG_INFO, "cut " << none << "off");
+    MRV_LOG(SDK, LOG_INFO, longText << '.' << longText);
+    MRV_LOG(SDK, LOG_INFO, std::setw(3) << 17 << ' ' << 1.25);
+    const std::string expected[] = { "left", "cut ", longText + '.' + longText, " 17 1.25" };
+    ASSERT_EQ(logger->lines.size(), std::size(expected));
+    for (size_t i = 0; i < std::size(expected); ++i)
+        EXPECT_TRUE(messageOf(logger->lines[i]) == expected[i])
+            << i << messageOf(logger->lines[i]).substr(0, 80);
+}
+
+TEST_F(LogTest, aTextMayHoldACallThatLogs)
+{
+    for (int round = 0; round < 2; ++round)
+    {
+        logger->lines.clear();
+        logInside(20); // deeper than streams are kept
+        ASSERT_EQ(logger->lines.size(), 20u);
+        EXPECT_EQ(messageOf(logger->lines[0]), "level 1 0");
+        EXPECT_EQ(messageOf(logger->lines[19]), "level 14 13");
+    }
+}
+
 TEST_F(LogTest, threadsLoseNothingAndShareALimit)
 {
     constexpr int threadCount = 4;
@@ -302,7 +392,7 @@ TEST_F(LogTest, threadsLoseNothingAndShareALimit)
         threads.emplace_back([&] {
             for (int message = 0; message < messageCount; ++message)
             {
-                MRV_LOG(SDK, LOG_INFO, "unlimited");
+                MRV_LOG(SDK, LOG_INFO, "unlimited " << std::hex << 255 << ' ' << 0.5);
                 if (getLog()->mustLog(Log::ORVEL, Log::LOG_WARNING, shared))
                     say(shared);
                 Log::TraceKey own(0);
@@ -317,7 +407,7 @@ TEST_F(LogTest, threadsLoseNothingAndShareALimit)
     std::vector<std::string> limited;
     for (const std::string& line : logger->lines)
     {
-        if (line.find(": unlimited") != std::string::npos)
+        if (line.find(": unlimited ff 0.5") != std::string::npos)
             ++unlimited;
         else if (line.find(": own") != std::string::npos)
             ++own;
