@@ -140,11 +140,7 @@ private:
     /// The characters of a text, at least one, and their terminator.
     static PODArray ofText(const T* text, size_t count)
     {
-        const size_t size = internal::saturatedSum(count, 1);
-        T* const block = static_cast<T*>(internal::allocateBlock(size, sizeof(T)));
-        std::memcpy(block, text, count);
-        block[count] = T();
-        return PODArray(block, size);
+        return PODArray(internal::makeTextBlock(text, count), internal::saturatedSum(count, 1));
     }
 };
 

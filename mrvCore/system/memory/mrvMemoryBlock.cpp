@@ -2,6 +2,8 @@
 // Allocation of container blocks.
 #include "mrvCore/system/memory/mrvMemoryBlock.h"
 
+#include "mrvCore/system/memory/mrvShortBytes.h"
+
 #include <cstdio>
 
 namespace mrv::internal {
@@ -49,6 +51,14 @@ void* reallocateBlock(void* block, size_t count, size_t elementSize)
 {
     const size_t bytes = byteCount(count, elementSize);
     return checked(std::realloc(block, bytes), bytes);
+}
+
+char* makeTextBlock(const char* text, size_t count)
+{
+    char* const block = static_cast<char*>(allocateBlock(saturatedSum(count, 1), 1));
+    copyShortBytes(block, text, count);
+    block[count] = '\0';
+    return block;
 }
 
 } // namespace mrv::internal

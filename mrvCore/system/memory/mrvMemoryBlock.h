@@ -29,6 +29,9 @@ MRV_CORE_API void* allocateBlock(size_t count, size_t elementSize);
 /// The same with `realloc`: what the old block held stays in front.
 MRV_CORE_API void* reallocateBlock(void* block, size_t count, size_t elementSize);
 
+/// A block of exactly the bytes of a text, at least one, and their terminator.
+MRV_CORE_API char* makeTextBlock(const char* text, size_t count);
+
 inline void freeBlock(void* block)
 {
     std::free(block);
