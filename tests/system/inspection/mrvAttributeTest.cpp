@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <string>
+#include <utility>
 
 namespace mrv::test {
 namespace {
@@ -133,6 +134,66 @@ TEST_F(AttributeTest, aDerivedLeafIsWrittenAndReadThroughItsOverriddenAccessors)
     Part read;
     attribute.unpack(stream, &read);
     EXPECT_EQ(read._count, 3);
+}
+
+/// Takes its stage over where it may.
+class TakingScene : public Scene
+{
+public:
+    void takeStage(Part& stage)
+    {
+        std::swap(stage, _taken);
+        ++_takerCalls;
+    }
+
+    Part _taken;
+    int _takerCalls = 0;
+};
+
+using StageAttribute = AccessorsAttribute<const Part&, TakingScene>;
+
+/// Whose setter sees every value that is read.
+class WatchedStage : public StageAttribute
+{
+public:
+    using StageAttribute::StageAttribute;
+    void setConstReference(TakingScene& owner, const Part& value) const override { owner.setStage(value); }
+};
+
+template <typename Leaf>
+void readStage(TakingScene& scene)
+{
+    const Leaf attribute("stage", Scene::getClassRTTI(), &Scene::getStage, &Scene::setStage,
+                         &TakingScene::takeStage);
+    TakingScene source;
+    source.setStage(Part("x", 3));
+    BinaryStream stream;
+    for (const bool isFirst : { true, false })
+    {
+        stream.setFirstPass(isFirst);
+        attribute.pack(stream, &source);
+    }
+    stream.clear();
+    for (const bool isFirst : { true, false })
+    {
+        stream.setFirstPass(isFirst);
+        stream.getStream().seekg(0);
+        attribute.unpack(stream, &scene);
+    }
+    stream.setFirstPass(true);
+}
+
+TEST_F(AttributeTest, aTakerGetsTheValueInPlaceOfTheSetterUnlessThatIsOverridden)
+{
+    TakingScene taking, watched;
+    readStage<StageAttribute>(taking);
+    EXPECT_EQ(taking._taken._count, 3);
+    EXPECT_EQ(taking._takerCalls, 1);
+    EXPECT_EQ(taking._stageSetterCalls, 0);
+    readStage<WatchedStage>(watched);
+    EXPECT_EQ(watched._takerCalls, 0);
+    EXPECT_EQ(watched._stageSetterCalls, 1);
+    EXPECT_EQ(watched.getStage()._count, 3);
 }
 
 /// A leaf that defines nothing.
