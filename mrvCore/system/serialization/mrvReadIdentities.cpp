@@ -267,6 +267,8 @@ void ReadIdentities::clear()
     _container = 0;
     _isReplaced.clear();
     _replaced.clear();
+    _bytes.clear();
+    _nextByte = 0;
     _scopes.clear();
     _localValues = 0;
     _containers.clear();
