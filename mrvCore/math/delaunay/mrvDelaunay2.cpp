@@ -1,7 +1,5 @@
 // mrvCore/math/delaunay/mrvDelaunay2.cpp
-#include "mrvCore/math/delaunay/mrvDelaunay2.h"
-
-#include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
+#include "mrvCore/math/delaunay/mrvDelaunay2Mesh.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/memory/mrvLargePages.h"
 
@@ -14,7 +12,9 @@ namespace {
 
 int* allocateInts(size_t count)
 {
-    return static_cast<int*>(std::malloc(count * sizeof(int)));
+    int* const ints = static_cast<int*>(std::malloc(count * sizeof(int)));
+    internal::adviseLargePages(ints, count * sizeof(int));
+    return ints;
 }
 
 /// The multiplier that the coordinates of the unit square get, so that exact arithmetic finds whole numbers.
@@ -106,6 +106,8 @@ void Delaunay2::numberTriangles()
     // Without branches: whether a triangle is in use is hard to foretell.
     PODArray<int> numbers(_trianglePoolFirstAvailableIndex);
     PODArray<uint32_t> slots(_trianglePoolFirstAvailableIndex + 1);
+    internal::adviseLargePages(numbers.begin(), numbers.size() * sizeof(int));
+    internal::adviseLargePages(slots.begin(), slots.size() * sizeof(uint32_t));
     for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
     {
         const bool isInUse = _trianglePool[slot]._inUse;
@@ -130,18 +132,19 @@ void Delaunay2::numberTriangles()
         {
             const uint32_t neighbour = triangle._adj[j];
             _indices[3 * k + j] = triangle._vertices[j];
-            _adjacencies[3 * k + j] = neighbour == _none ? -1 : numbers[neighbour];
+            _adjacencies[3 * k + j] = neighbour == internal::noTriangle ? -1 : numbers[neighbour];
         }
     }
 }
 
 void Delaunay2::releaseConstructionData()
 {
-    _trianglePool.set_capacity(0);
+    internal::freeBlock(_trianglePoolBlock);
+    _trianglePoolBlock = nullptr;
     _trianglePoolRecycledIndices.set_capacity(0);
     _polygonEdgesCache.set_capacity(0);
+    _polygonCornersCache.set_capacity(0);
     _triStackCache.set_capacity(0);
-    _vertexTriangles.set_capacity(0);
     _vertexTimes.set_capacity(0);
 }
 

@@ -4,7 +4,6 @@
 
 #include "mrvCore/math/delaunay/mrvDelaunay.h"
 #include "mrvCore/math/types/mrvVector2.h"
-#include "mrvCore/system/containers/mrvArray.h"
 #include "mrvCore/system/containers/mrvPODArray.h"
 
 #include <cstdint>
@@ -86,36 +85,8 @@ public:
     bool getBarycentricSet(int index, const Vector2& point, float out[3]) const;
 
 private:
-    /// No triangle, among slots of the pool.
-    static constexpr uint32_t _none = ~uint32_t(0);
-
-    /// By slots rather than pointers: of a large mesh, half of the time goes into fetching triangles.
-    struct Triangle
-    {
-        uint32_t _adj[3] = { _none, _none, _none }; ///< across the edge from vertex j to the next
-        int _vertices[3] = {};
-        int _time = -1; ///< the last insertion that classified it
-        bool _isComponent = false;
-        bool _onStack = false;
-        bool _inUse = false;
-        bool _isDoubtful = false; ///< may turn clockwise, by rounding
-
-        void begin(int v0, int v1, int v2);
-        int detachFrom(int slot, uint32_t self, Triangle& neighbour);
-        bool isInsertionComponent(int i, uint32_t adjacent, const DelaunayQuery2& query,
-                                  const int supervertices[3]);
-        int findFiniteEdge(uint32_t adjacent, int firstSuper) const;
-    };
-    static_assert(sizeof(Triangle) == 32, "two to a line of memory");
-
-    /// A directed edge of the insertion polygon.
-    struct Edge
-    {
-        Triangle* _ownerTriangle = nullptr; ///< outside the polygon at first, then the new one inside
-        int _verticesValues[2] = { -1, -1 };
-        int _nullIndex = -1; ///< slot of the outer owner that the edge was cut from
-    };
-
+    struct Triangle;
+    struct Edge;
     class Scouts;
 
     /// Of vertices; the caches hold the mesh of fewer.
@@ -132,9 +103,9 @@ private:
     bool update(int i, const Triangle* start);
     void openPolygonEdge(Triangle& triangle, int slot, int i, bool isContaining);
     bool joinsPolygon(Triangle& triangle, int slot, int i);
-    void polygonInsertEdge(int v0, int v1, Triangle* owner, int ownerSlot);
     bool fillPolygon(int i);
-    Triangle* obtainTriangle(int v0, int v1, int v2);
+    size_t placeOfCorner(int vertex) const;
+    Triangle& obtainTriangle(int v0, const Edge& edge);
     void recycleTriangle(Triangle& triangle);
     bool isTriangulation(const PODArray<int>& order) const;
 
@@ -146,37 +117,15 @@ private:
     const Triangle* findClosest(int i) const;
     bool holds(const Triangle& triangle, int i) const;
 
-    bool hasSupervertex(const Triangle& triangle) const;
     bool isSupervertex(int vertex) const { return vertex >= _supervertices[0]; }
+    bool hasSupervertex(const Triangle& triangle) const;
     bool hasTriangle(int index) const { return _dimension == 2 && index >= 0 && index < _simplicesCount; }
-    /// Both lines of memory that a triangle may lie across.
-    static void prefetch(const Triangle* triangle)
-    {
-        __builtin_prefetch(triangle);
-        const uintptr_t end = reinterpret_cast<uintptr_t>(triangle) + sizeof(Triangle) - 1;
-        __builtin_prefetch(reinterpret_cast<const void*>(end));
-    }
-    uint32_t slotOf(const Triangle& triangle) const
-    {
-        return static_cast<uint32_t>(&triangle - _trianglePool.begin());
-    }
-    const Triangle* neighbourOf(const Triangle& triangle, int slot) const
-    {
-        const uint32_t neighbour = triangle._adj[slot];
-        return neighbour == _none ? nullptr : _trianglePool.begin() + neighbour;
-    }
-    Triangle* triangleAt(int vertex) { return &_trianglePool[_vertexTriangles[static_cast<size_t>(vertex)]]; }
-    const Triangle* triangleAt(int vertex) const
-    {
-        return &_trianglePool[_vertexTriangles[static_cast<size_t>(vertex)]];
-    }
-    void setTriangleAt(int vertex, const Triangle* triangle)
-    {
-        _vertexTriangles[static_cast<size_t>(vertex)] = slotOf(*triangle);
-    }
+    uint32_t slotOf(const Triangle& triangle) const;
+    const Triangle* neighbourOf(const Triangle& triangle, int slot) const;
+    void prefetchNeighbours(const Triangle& triangle) const;
 
     Vector2* _vertices;
-    Array<Triangle> _trianglePool;
+    Triangle* _trianglePool = nullptr;
     PODArray<int> _trianglePoolRecycledIndices;
     uint32_t _trianglePoolFirstAvailableIndex = 0;
     unsigned int _uniqueVerticesCount = 0;
@@ -189,18 +138,20 @@ private:
     DelaunayQuery2* _query = nullptr;
     Vector2 _min;
     float _scale = 1.0f;
-    Array<Edge> _polygonEdgesCache;
+    PODArray<Edge> _polygonEdgesCache;
+    PODArray<uint32_t> _polygonCornersCache; ///< new triangles by the vertex that their outer edge begins at
     PODArray<Triangle*> _triStackCache;
-    PODArray<uint32_t> _vertexTriangles; ///< slot of a triangle at each vertex that is in the mesh
-    PODArray<int> _vertexTimes;          ///< the last insertion whose polygon had the vertex
+    PODArray<int> _vertexTimes;              ///< the last insertion whose polygon had the vertex
+    const Triangle* _lastTriangle = nullptr; ///< at the last vertex
     mutable int _lastEdgeV0 = -1;
     mutable int _lastEdgeV1 = -1;
     mutable int _lastEdgeOpposite = -1;
     mutable int _lastEdgeOppositeIndex = -1;
-    int _doubtfulCount = 0;  ///< of the triangles in use
-    bool _isLarge = false;   ///< memory has to be asked for what is needed soon
-    bool _isCareful = false; ///< keeps every polygon simple and visible from its vertex
-    bool _isSuspect = false; ///< some vertex went to a triangle that does not hold it
+    void* _trianglePoolBlock = nullptr; ///< what the pool lies in, along lines of memory
+    int _doubtfulCount = 0;             ///< of the triangles in use
+    bool _isLarge = false;              ///< memory has to be asked for what is needed soon
+    bool _isCareful = false;            ///< keeps every polygon simple and visible from its vertex
+    bool _isSuspect = false;            ///< some vertex went to a triangle that does not hold it
 };
 
 } // namespace mrv

@@ -4,7 +4,6 @@
 // The order in which triangles are visited, freed and made anew numbers the result, and callers keep
 // results: it stays as it is. Small functions are inline here so that they go into the loop that calls them.
 #include "mrvCore/math/delaunay/mrvDelaunay2Scouts.h"
-#include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
 #include "mrvCore/math/delaunay/mrvDistinctPoints.h"
 #include "mrvCore/math/geometry2/mrvConvexPolygon2.h"
 #include "mrvCore/system/debug/mrvAssert.h"
@@ -12,15 +11,14 @@
 #include "mrvCore/system/memory/mrvLargePages.h"
 
 #include <cmath>
+#include <memory>
 
 namespace mrv {
 
-namespace {
+using internal::nextOf;
+using internal::noTriangle;
 
-int nextOf(int slot)
-{
-    return slot == 2 ? 0 : slot + 1;
-}
+namespace {
 
 /// Twice the area, positive if counterclockwise.
 double doubleAreaOf(const Vector2& a, const Vector2& b, const Vector2& c)
@@ -32,51 +30,46 @@ double doubleAreaOf(const Vector2& a, const Vector2& b, const Vector2& c)
 } // namespace
 
 /// As new, and in use. Field by field: a temporary object stalls the processor here.
-inline void Delaunay2::Triangle::begin(int v0, int v1, int v2)
+inline void Delaunay2::Triangle::begin(int v0, const Vector2& point, const Edge& edge)
 {
     for (uint32_t& neighbour : _adj)
-        neighbour = _none;
+        neighbour = noTriangle;
     _vertices[0] = v0;
-    _vertices[1] = v1;
-    _vertices[2] = v2;
+    _vertices[1] = edge._verticesValues[0];
+    _vertices[2] = edge._verticesValues[1];
+    _points[0] = point;
+    _points[1] = edge._points[0];
+    _points[2] = edge._points[1];
     _time = -1;
     _isComponent = false;
     _onStack = false;
     _inUse = true;
+    _isDoubtful = !DelaunayQuery2::isTurnSure(point, _vertices[1], _vertices[2], _points[1], _points[2]);
 }
 
 /// Clears the links between this triangle and its neighbour; the neighbour's slot, -1 for none.
 inline int Delaunay2::Triangle::detachFrom(int slot, uint32_t self, Triangle& neighbour)
 {
-    _adj[slot] = _none;
+    _adj[slot] = noTriangle;
     int found = neighbour._adj[1] == self ? 1 : 2;
     found = neighbour._adj[0] == self ? 0 : found;
     if (neighbour._adj[found] != self)
         return -1;
-    neighbour._adj[found] = _none;
+    neighbour._adj[found] = noTriangle;
     return found;
 }
 
 /// True if vertex `i` lies in the circumcircle. The supervertices count as infinitely far.
-[[gnu::always_inline]] inline bool Delaunay2::Triangle::isInsertionComponent(int i, uint32_t adjacent,
-                                                                             const DelaunayQuery2& query,
-                                                                             const int supervertices[3])
+[[gnu::always_inline]] inline bool
+Delaunay2::Triangle::isInsertionComponent(int i, const Vector2& point, uint32_t adjacent, int firstSuper)
 {
     if (_time == i)
         return _isComponent;
     _time = i;
-
-    const Vector2& point = query.getVertex(i);
-    const int firstSuper = supervertices[0];
-    // Calls by the full name go round the virtual table: the class is known, and this is the inner loop.
     if (_vertices[0] < firstSuper && _vertices[1] < firstSuper && _vertices[2] < firstSuper)
-    {
-        _isComponent =
-            query.DelaunayQuery2::toCircumcircle(point, _vertices[0], _vertices[1], _vertices[2]) < 0;
-        return _isComponent;
-    }
-    const int j = findFiniteEdge(adjacent, firstSuper);
-    _isComponent = query.DelaunayQuery2::toLine(point, _vertices[j], _vertices[nextOf(j)]) < 0;
+        _isComponent = DelaunayQuery2::toCircumcircle(point, _points) < 0;
+    else
+        _isComponent = toLine(point, findFiniteEdge(adjacent, firstSuper)) < 0;
     return _isComponent;
 }
 
@@ -95,7 +88,7 @@ int Delaunay2::Triangle::findFiniteEdge(uint32_t adjacent, int firstSuper) const
     if (superCount == 1)
         return nextOf(last);
     int j = 0;
-    while (j < 3 && (_adj[j] == _none || _adj[j] == adjacent))
+    while (j < 3 && (_adj[j] == noTriangle || _adj[j] == adjacent))
         ++j;
     MRV_ASSERT(j < 3);
     return j;
@@ -123,21 +116,18 @@ bool Delaunay2::tryInsert(const PODArray<int>& order)
 {
     clearMesh();
     _isLarge = order.size() >= _largeCount;
-    internal::VertexGrid grid(_supervertices[0]);
+    internal::TriangleGrid grid;
     Scouts scouts(*this, order, grid);
-    int last = _supervertices[0];
     for (size_t k = 0; k < order.size(); ++k)
     {
         // Rows, curves and the like go on where the last vertex was.
         const Vector2& point = _sVertices[order[k]];
         const Triangle* start = scouts.next(k);
-        const Vector2 fromLast = point - _sVertices[last];
-        if (fromLast.norm2() < (point - _sVertices[start->_vertices[0]]).norm2())
-            start = triangleAt(last);
-        last = order[k];
-        if (!update(last, start))
+        if ((point - _lastTriangle->_points[0]).norm2() < (point - start->_points[0]).norm2())
+            start = _lastTriangle;
+        if (!update(order[k], start))
             return false;
-        grid.insert(point, last);
+        grid.insert(point, slotOf(*_lastTriangle));
     }
     return true;
 }
@@ -147,20 +137,26 @@ bool Delaunay2::tryInsert(const PODArray<int>& order)
 void Delaunay2::clearMesh()
 {
     const size_t count = 2 * static_cast<size_t>(_supervertices[0]) + 1;
-    _trianglePool.clear();
-    _trianglePool.set_capacity(count < 8 ? 8 : count);
-    internal::adviseLargePages(_trianglePool.begin(), count * sizeof(Triangle));
-    _trianglePool.resize(count);
+    if (_trianglePoolBlock == nullptr)
+    {
+        _trianglePoolBlock = internal::allocateBlock(count + 1, sizeof(Triangle));
+        internal::adviseLargePages(_trianglePoolBlock, (count + 1) * sizeof(Triangle));
+        size_t room = (count + 1) * sizeof(Triangle);
+        void* aligned = _trianglePoolBlock;
+        _trianglePool =
+            static_cast<Triangle*>(std::align(alignof(Triangle), count * sizeof(Triangle), aligned, room));
+    }
     _trianglePoolRecycledIndices.clear();
     _trianglePoolFirstAvailableIndex = 0;
     _triStackCache.clear();
     _doubtfulCount = 0;
     _isSuspect = false;
     _vertexTimes.assign(_isCareful ? static_cast<size_t>(_verticesCount) : 0, -1);
-    _vertexTriangles.set_capacity(static_cast<size_t>(_verticesCount));
-    internal::adviseLargePages(_vertexTriangles.begin(), _vertexTriangles.capacity() * sizeof(uint32_t));
-    _vertexTriangles.assign(static_cast<size_t>(_verticesCount), 0u);
-    obtainTriangle(_supervertices[0], _supervertices[1], _supervertices[2]);
+    const int* const super = _supervertices;
+    const Edge edge = {
+        noTriangle, -1, { super[1], super[2] }, { _sVertices[super[1]], _sVertices[super[2]] }
+    };
+    _lastTriangle = &obtainTriangle(super[0], edge);
 }
 
 /// False if there is a vertex inside the polygon, which the mesh would lose, or if the polygon is not simple.
@@ -194,30 +190,34 @@ bool Delaunay2::update(int i, const Triangle* start)
 [[gnu::always_inline]] inline void Delaunay2::openPolygonEdge(Triangle& triangle, int slot, int i,
                                                               bool isContaining)
 {
-    const int v0 = triangle._vertices[slot];
-    const int v1 = triangle._vertices[nextOf(slot)];
+    const int next = nextOf(slot);
+    Edge edge = { noTriangle,
+                  -1,
+                  { triangle._vertices[slot], triangle._vertices[next] },
+                  { triangle._points[slot], triangle._points[next] } };
     Triangle* const neighbour = const_cast<Triangle*>(neighbourOf(triangle, slot));
     if (neighbour == nullptr)
     {
-        if (isSupervertex(v0) && isSupervertex(v1))
-            polygonInsertEdge(v0, v1, nullptr, -1);
+        if (isSupervertex(edge._verticesValues[0]) && isSupervertex(edge._verticesValues[1]))
+            _polygonEdgesCache.push_back(edge);
         return;
     }
     const uint32_t self = slotOf(triangle);
-    const int neighbourSlot = triangle.detachFrom(slot, self, *neighbour);
-    bool joins = neighbour->isInsertionComponent(i, self, *_query, _supervertices);
+    edge._ownerTriangle = triangle._adj[slot];
+    edge._nullIndex = triangle.detachFrom(slot, self, *neighbour);
+    const Vector2& point = _sVertices[i];
+    bool joins = neighbour->isInsertionComponent(i, point, self, _supervertices[0]);
     if (_isCareful)
-        joins = (joins || (isContaining && _query->toLine(i, v0, v1) >= 0)) &&
-                joinsPolygon(*neighbour, neighbourSlot, i);
+        joins = (joins || (isContaining && triangle.toLine(point, slot) >= 0)) &&
+                joinsPolygon(*neighbour, edge._nullIndex, i);
     if (!joins)
-        polygonInsertEdge(v0, v1, neighbour, neighbourSlot);
+        _polygonEdgesCache.push_back(edge);
     else if (!neighbour->_onStack)
     {
         _triStackCache.push_back(neighbour);
         neighbour->_onStack = true;
         if (_isLarge)
-            for (int behind = 0; behind < 3; ++behind)
-                prefetch(neighbourOf(*neighbour, behind));
+            prefetchNeighbours(*neighbour);
     }
 }
 
@@ -235,49 +235,57 @@ bool Delaunay2::joinsPolygon(Triangle& triangle, int slot, int i)
     return triangle._isComponent;
 }
 
-inline void Delaunay2::polygonInsertEdge(int v0, int v1, Triangle* owner, int ownerSlot)
-{
-    Edge& edge = _polygonEdgesCache.addOne();
-    edge._verticesValues[0] = v0;
-    edge._verticesValues[1] = v1;
-    edge._ownerTriangle = owner;
-    edge._nullIndex = ownerSlot;
-}
-
 /// Every edge of the polygon makes a triangle with the vertex. In a simple polygon each corner begins one
-/// edge, so the triangle that it is given here leads from an edge to the one that follows. False if two
-/// edges begin at one corner.
+/// edge. False if two edges begin at one corner.
 bool Delaunay2::fillPolygon(int i)
 {
-    Triangle* own = nullptr;
+    size_t placeCount = 16;
+    while (placeCount < 2 * _polygonEdgesCache.size())
+        placeCount *= 2;
+    _polygonCornersCache.assign(placeCount, noTriangle);
+
+    _lastTriangle = nullptr;
     for (Edge& edge : _polygonEdgesCache)
     {
-        const int v0 = edge._verticesValues[0];
-        Triangle* const added = obtainTriangle(i, v0, edge._verticesValues[1]);
-        if (edge._ownerTriangle != nullptr)
+        Triangle& added = obtainTriangle(i, edge);
+        const uint32_t slot = slotOf(added);
+        if (edge._ownerTriangle != noTriangle)
         {
-            added->_adj[1] = slotOf(*edge._ownerTriangle);
-            edge._ownerTriangle->_adj[edge._nullIndex] = slotOf(*added);
+            added._adj[1] = edge._ownerTriangle;
+            _trianglePool[edge._ownerTriangle]._adj[edge._nullIndex] = slot;
         }
-        edge._ownerTriangle = added;
-        setTriangleAt(v0, added);
-        if (own == nullptr || isSupervertex(v0))
-            own = added; // what comes next to a vertex of the hull is outside, as a rule
+        edge._ownerTriangle = slot;
+        uint32_t& place = _polygonCornersCache[placeOfCorner(edge._verticesValues[0])];
+        if (place != noTriangle)
+            return false;
+        place = slot;
+        if (_lastTriangle == nullptr || isSupervertex(edge._verticesValues[0]))
+            _lastTriangle = &added; // what comes next to a vertex of the hull is outside, as a rule
     }
-    setTriangleAt(i, own);
 
     for (const Edge& edge : _polygonEdgesCache)
     {
-        Triangle* const following = triangleAt(edge._verticesValues[1]);
-        if (following->_vertices[0] != i || following->_adj[0] != _none)
+        const uint32_t following = _polygonCornersCache[placeOfCorner(edge._verticesValues[1])];
+        if (following == noTriangle)
             return false;
-        edge._ownerTriangle->_adj[2] = slotOf(*following);
-        following->_adj[0] = slotOf(*edge._ownerTriangle);
+        _trianglePool[edge._ownerTriangle]._adj[2] = following;
+        _trianglePool[following]._adj[0] = edge._ownerTriangle;
     }
     return true;
 }
 
-inline Delaunay2::Triangle* Delaunay2::obtainTriangle(int v0, int v1, int v2)
+/// Where the corner is in the cache, or else where it has room.
+inline size_t Delaunay2::placeOfCorner(int vertex) const
+{
+    const size_t mask = _polygonCornersCache.size() - 1;
+    size_t place = (static_cast<uint64_t>(vertex) * 0x9e3779b97f4a7c15u >> 32) & mask;
+    while (_polygonCornersCache[place] != noTriangle &&
+           _trianglePool[_polygonCornersCache[place]]._vertices[1] != vertex)
+        place = (place + 1) & mask;
+    return place;
+}
+
+inline Delaunay2::Triangle& Delaunay2::obtainTriangle(int v0, const Edge& edge)
 {
     uint32_t index = 0;
     if (_trianglePoolRecycledIndices.any())
@@ -288,10 +296,9 @@ inline Delaunay2::Triangle* Delaunay2::obtainTriangle(int v0, int v1, int v2)
     else
         index = _trianglePoolFirstAvailableIndex++;
     Triangle& triangle = _trianglePool[index];
-    triangle.begin(v0, v1, v2);
-    triangle._isDoubtful = !_query->isTurnSure(v0, v1, v2);
+    triangle.begin(v0, _sVertices[v0], edge);
     _doubtfulCount += triangle._isDoubtful;
-    return &triangle;
+    return triangle;
 }
 
 inline void Delaunay2::recycleTriangle(Triangle& triangle)
@@ -301,12 +308,6 @@ inline void Delaunay2::recycleTriangle(Triangle& triangle)
     _trianglePoolRecycledIndices.push_back(static_cast<int>(slotOf(triangle)));
 }
 
-inline bool Delaunay2::hasSupervertex(const Triangle& triangle) const
-{
-    const int* const v = triangle._vertices;
-    return isSupervertex(v[0]) || isSupervertex(v[1]) || isSupervertex(v[2]);
-}
-
 /// False if a triangle surely turns clockwise or, where some vertex went to a triangle that does not hold it,
 /// if the triangles do not fill the hull.
 bool Delaunay2::isTriangulation(const PODArray<int>& order) const
@@ -314,14 +315,15 @@ bool Delaunay2::isTriangulation(const PODArray<int>& order) const
     if (_doubtfulCount == 0 && !_isSuspect)
         return true;
     double filled = 0.0;
-    for (const Triangle& triangle : _trianglePool)
+    for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
     {
+        const Triangle& triangle = _trianglePool[slot];
         if (!triangle._inUse || hasSupervertex(triangle))
             continue;
-        const int* const v = triangle._vertices;
-        if (_query->toLineForSure(_sVertices[v[0]], v[1], v[2]) > 0)
+        const Vector2* const points = triangle._points;
+        if (triangle.toLineForSure(points[0], 1) > 0)
             return false;
-        filled += doubleAreaOf(_sVertices[v[0]], _sVertices[v[1]], _sVertices[v[2]]);
+        filled += doubleAreaOf(points[0], points[1], points[2]);
     }
     if (!_isSuspect)
         return true;
@@ -340,8 +342,8 @@ bool Delaunay2::isTriangulation(const PODArray<int>& order) const
 
 void Delaunay2::removeTriangles()
 {
-    for (Triangle& triangle : _trianglePool)
-        triangle._inUse = triangle._inUse && !hasSupervertex(triangle);
+    for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
+        _trianglePool[slot]._inUse = !hasSupervertex(_trianglePool[slot]);
 }
 
 } // namespace mrv

@@ -1,7 +1,6 @@
 // mrvCore/math/delaunay/mrvDelaunay2Location.cpp
 // In which triangle Delaunay2 puts a vertex.
-#include "mrvCore/math/delaunay/mrvDelaunay2.h"
-#include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
+#include "mrvCore/math/delaunay/mrvDelaunay2Mesh.h"
 #include "mrvCore/math/geometry/mrvDistance.h"
 #include "mrvCore/math/geometry2/mrvSegment2.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
@@ -11,14 +10,8 @@
 
 namespace mrv {
 
-namespace {
-
-int nextOf(int slot)
-{
-    return slot == 2 ? 0 : slot + 1;
-}
-
-} // namespace
+using internal::nextOf;
+using internal::noTriangle;
 
 // A triangle that holds the vertex strictly, beyond doubt, is the only one while no other is in doubt itself.
 // So a walk may begin anywhere. In all other cases it is the walk from the first triangle of the pool that
@@ -41,7 +34,7 @@ Delaunay2::Triangle* Delaunay2::findTriangle(int i, const Triangle* start)
 // Any triangle that holds the vertex will do, or else the closest.
 const Delaunay2::Triangle* Delaunay2::findTriangleCarefully(int i, const Triangle* start) const
 {
-    for (const Triangle* from : { start, _trianglePool.begin() })
+    for (const Triangle* from : { start, static_cast<const Triangle*>(_trianglePool) })
     {
         const Triangle* const triangle = walk(i, from);
         if (triangle != nullptr && holds(*triangle, i))
@@ -53,7 +46,7 @@ const Delaunay2::Triangle* Delaunay2::findTriangleCarefully(int i, const Triangl
 // Null if the point is not strictly inside where the walk ends, or if that is in doubt.
 inline const Delaunay2::Triangle* Delaunay2::walkForSure(const Vector2& point, const Triangle* start) const
 {
-    uint32_t former = _none;
+    uint32_t former = noTriangle;
     const Triangle* triangle = start;
     for (uint32_t step = 0; step < _trianglePoolFirstAvailableIndex && triangle != nullptr; ++step)
     {
@@ -61,10 +54,9 @@ inline const Delaunay2::Triangle* Delaunay2::walkForSure(const Vector2& point, c
         int slot = 0;
         for (; slot < 3; ++slot)
         {
-            if (triangle->_adj[slot] == former && former != _none)
+            if (triangle->_adj[slot] == former && former != noTriangle)
                 continue; // the edge that the walk came over, so its side is sure
-            const int side =
-                _query->toLineForSure(point, triangle->_vertices[slot], triangle->_vertices[nextOf(slot)]);
+            const int side = triangle->toLineForSure(point, slot);
             if (side > 0)
                 break;
             isSure = isSure && side < 0;
@@ -79,7 +71,7 @@ inline const Delaunay2::Triangle* Delaunay2::walkForSure(const Vector2& point, c
 
 const Delaunay2::Triangle* Delaunay2::getContainingTriangle(int i) const
 {
-    const Triangle* const triangle = walk(i, _trianglePool.begin());
+    const Triangle* const triangle = walk(i, _trianglePool);
     if (triangle == nullptr)
         MRV_LOG(SDK, LOG_ERROR, "Delaunay vertices must lie in some triangle\n");
     return triangle;
@@ -92,8 +84,7 @@ const Delaunay2::Triangle* Delaunay2::walk(int i, const Triangle* start) const
     for (uint32_t step = 0; step < _trianglePoolFirstAvailableIndex && triangle != nullptr; ++step)
     {
         int slot = 0;
-        while (slot < 3 && _query->DelaunayQuery2::toLine(_sVertices[i], triangle->_vertices[slot],
-                                                          triangle->_vertices[nextOf(slot)]) <= 0)
+        while (slot < 3 && triangle->toLine(_sVertices[i], slot) <= 0)
             ++slot;
         if (slot == 3)
             return triangle;
@@ -122,8 +113,9 @@ const Delaunay2::Triangle* Delaunay2::findClosest(int i) const
 {
     const Triangle* closest = nullptr;
     float least = std::numeric_limits<float>::max();
-    for (const Triangle& triangle : _trianglePool)
+    for (uint32_t place = 0; place < _trianglePoolFirstAvailableIndex; ++place)
     {
+        const Triangle& triangle = _trianglePool[place];
         if (!triangle._inUse)
             continue;
         if (holds(triangle, i))

@@ -2,8 +2,8 @@
 // Walks ahead of the insertions of Delaunay2. Internal.
 #pragma once
 
-#include "mrvCore/math/delaunay/mrvDelaunay2.h"
-#include "mrvCore/math/delaunay/mrvVertexGrid.h"
+#include "mrvCore/math/delaunay/mrvDelaunay2Mesh.h"
+#include "mrvCore/math/delaunay/mrvTriangleGrid.h"
 
 namespace mrv {
 
@@ -14,7 +14,7 @@ class Delaunay2::Scouts
 {
 public:
     /// The mesh holds its enclosing triangle; `order` are the vertices to come.
-    Scouts(const Delaunay2& mesh, const PODArray<int>& order, const internal::VertexGrid& grid)
+    Scouts(const Delaunay2& mesh, const PODArray<int>& order, const internal::TriangleGrid& grid)
         : _mesh(mesh)
         , _order(order)
         , _grid(grid)
@@ -25,37 +25,37 @@ public:
     {
         if (!_mesh._isLarge)
             return triangleInCell(k);
-        prefetchCell(k + _steps + 4);
-        prefetchVertex(k + _steps + 2);
-        start(k + _steps);
-        for (size_t ahead = _steps; ahead > 0; --ahead)
+        prefetchCell(k + _start + 2);
+        start(k + _start);
+        for (size_t ahead = _start - 1; ahead > 2; --ahead)
             step(k + ahead);
+        prefetchNeighbours(k + 2);
+        prefetchRing(k + 1);
         const Triangle* const scout = _scouts[k % _ringSize];
         return scout != nullptr ? scout : triangleInCell(k);
     }
 
 private:
-    static constexpr size_t _steps = 4; ///< from the grid's vertex it takes about as many
-    static constexpr size_t _ringSize = 8;
+    static constexpr size_t _start =
+        11; ///< vertices ahead; a step for each but the last two, from the grid's triangle
+    static constexpr size_t _ringSize = 16;
 
     const Vector2& pointOf(size_t k) const { return _mesh._sVertices[_order[k]]; }
-    const Triangle* triangleInCell(size_t k) const { return _mesh.triangleAt(_grid.getVertex(pointOf(k))); }
+    const Triangle* triangleInCell(size_t k) const
+    {
+        return _mesh._trianglePool + _grid.getTriangle(pointOf(k));
+    }
     void prefetchCell(size_t k) const
     {
         if (k < _order.size())
             _grid.prefetch(pointOf(k));
-    }
-    void prefetchVertex(size_t k) const
-    {
-        if (k < _order.size())
-            __builtin_prefetch(&_mesh._vertexTriangles[static_cast<size_t>(_grid.getVertex(pointOf(k)))]);
     }
     void start(size_t k)
     {
         if (k >= _order.size())
             return;
         _scouts[k % _ringSize] = triangleInCell(k);
-        Delaunay2::prefetch(_scouts[k % _ringSize]);
+        __builtin_prefetch(_scouts[k % _ringSize]);
     }
 
     void step(size_t k)
@@ -64,23 +64,34 @@ private:
         if (k >= _order.size() || scout == nullptr)
             return;
         const uint32_t* const adj = scout->_adj;
-        const int* const v = scout->_vertices;
         const Vector2& point = pointOf(k);
-        const Vector2 to0 = _mesh._sVertices[v[0]] - point;
-        const Vector2 to1 = _mesh._sVertices[v[1]] - point;
-        const Vector2 to2 = _mesh._sVertices[v[2]] - point;
-        uint32_t next = _none;
+        const Vector2 to0 = scout->_points[0] - point;
+        const Vector2 to1 = scout->_points[1] - point;
+        const Vector2 to2 = scout->_points[2] - point;
+        uint32_t next = internal::noTriangle;
         next = to2.x * to0.y < to0.x * to2.y ? adj[2] : next;
         next = to1.x * to2.y < to2.x * to1.y ? adj[1] : next;
         next = to0.x * to1.y < to1.x * to0.y ? adj[0] : next;
-        for (int slot = 0; slot < 3; ++slot)
-            Delaunay2::prefetch(_mesh.neighbourOf(*scout, slot));
-        scout = next != _none ? _mesh._trianglePool.begin() + next : scout;
+        scout = next != internal::noTriangle ? _mesh._trianglePool + next : scout;
+        __builtin_prefetch(scout);
+    }
+    void prefetchNeighbours(size_t k)
+    {
+        if (_scouts[k % _ringSize] != nullptr)
+            _mesh.prefetchNeighbours(*_scouts[k % _ringSize]);
+    }
+    void prefetchRing(size_t k)
+    {
+        if (_scouts[k % _ringSize] == nullptr)
+            return;
+        for (const uint32_t t : _scouts[k % _ringSize]->_adj)
+            if (t != internal::noTriangle)
+                _mesh.prefetchNeighbours(_mesh._trianglePool[t]);
     }
 
     const Delaunay2& _mesh;
     const PODArray<int>& _order;
-    const internal::VertexGrid& _grid;
+    const internal::TriangleGrid& _grid;
     const Triangle* _scouts[_ringSize] = {};
 };
 

@@ -29,7 +29,7 @@ public:
     virtual int toLine(int point, int v0, int v1) const { return toLine(_vertices[point], v0, v1); }
     virtual int toLine(const Vector2& point, int v0, int v1) const
     {
-        return signOf(lineTerms(point, v0, v1).getDifference());
+        return toLine(point, v0, v1, _vertices[v0], _vertices[v1]);
     }
 
     /// +1 outside, -1 inside, 0 on an edge.
@@ -51,18 +51,35 @@ public:
         return signOf(even ? -d : d);
     }
 
-    /// The answer of toLine() where rounding cannot have turned it, else 0.
-    int toLineForSure(const Vector2& point, int v0, int v1) const
+    /// @{
+    /// The same answers for vertices whose points are at hand. The first index of a triangle is its greatest.
+    static int toLine(const Vector2& point, int v0, int v1, const Vector2& p0, const Vector2& p1)
     {
-        const LineTerms terms = lineTerms(point, v0, v1);
+        return signOf(lineTerms(point, v0, v1, p0, p1).getDifference());
+    }
+    [[gnu::always_inline]] static int toCircumcircle(const Vector2& point, const Vector2 corners[3])
+    {
+        const Lifted s0(corners[0], point);
+        const Lifted s1(corners[1], point);
+        const Lifted s2(corners[2], point);
+        // The order of the other two does not show: it turns all signs, of both the determinant and the turn.
+        return signOf(-det3(s1.x, s1.y, s1.z, s2.x, s2.y, s2.z, s0.x, s0.y, s0.z));
+    }
+    /// @}
+
+    /// The answer of toLine() where rounding cannot have turned it, else 0.
+    static int toLineForSure(const Vector2& point, int v0, int v1, const Vector2& p0, const Vector2& p1)
+    {
+        const LineTerms terms = lineTerms(point, v0, v1, p0, p1);
         const float d = terms.getDifference();
         return __builtin_fabsf(d) > terms.getRounding() ? signOf(d) : 0;
     }
 
-    /// False if rounding may have made up that the triangle turns counterclockwise or is flat.
-    bool isTurnSure(int v0, int v1, int v2) const
+    /// False if rounding may have made up that the triangle of the point and the line from v0 to v1 turns
+    /// counterclockwise or is flat.
+    static bool isTurnSure(const Vector2& point, int v0, int v1, const Vector2& p0, const Vector2& p1)
     {
-        const LineTerms terms = lineTerms(_vertices[v0], v1, v2);
+        const LineTerms terms = lineTerms(point, v0, v1, p0, p1);
         return terms.getDifference() < -terms.getRounding() || (terms.first == 0.0f && terms.second == 0.0f);
     }
 
@@ -100,11 +117,12 @@ private:
         }
     };
 
-    LineTerms lineTerms(const Vector2& point, int v0, int v1) const
+    static LineTerms lineTerms(const Vector2& point, int v0, int v1, const Vector2& p0, const Vector2& p1)
     {
-        const bool even = sort(v0, v1);
-        const Vector2 toPoint = point - _vertices[v0];
-        const Vector2 edge = _vertices[v1] - _vertices[v0];
+        const bool even = v0 < v1;
+        const Vector2& low = even ? p0 : p1;
+        const Vector2 toPoint = point - low;
+        const Vector2 edge = (even ? p1 : p0) - low;
         return { toPoint.x * edge.y, edge.x * toPoint.y, even };
     }
 

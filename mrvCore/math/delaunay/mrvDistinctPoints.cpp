@@ -1,6 +1,8 @@
 // mrvCore/math/delaunay/mrvDistinctPoints.cpp
 #include "mrvCore/math/delaunay/mrvDistinctPoints.h"
 
+#include "mrvCore/system/memory/mrvLargePages.h"
+
 #include <cstdint>
 #include <cstring>
 
@@ -40,6 +42,8 @@ public:
         while (size < 2 * count)
             size *= 2;
         _mask = size - 1;
+        _places.set_capacity(size);
+        adviseLargePages(_places.begin(), size * sizeof(uint64_t));
         _places.resize(size, emptyPlace);
     }
 
@@ -66,6 +70,7 @@ PODArray<int> findDistinctPoints(const Vector2* points, int count, int& notFinit
     KeySet seen(static_cast<size_t>(count));
     PODArray<int> distinct;
     distinct.set_capacity(static_cast<size_t>(count));
+    adviseLargePages(distinct.begin(), distinct.capacity() * sizeof(int));
     notFinite = 0;
     for (int i = 0; i < count; ++i)
     {
