@@ -68,6 +68,10 @@ public:
     /// @}
 
     /// The answer of toLine() where rounding cannot have turned it, else 0.
+    int toLineForSure(const Vector2& point, int v0, int v1) const
+    {
+        return toLineForSure(point, v0, v1, _vertices[v0], _vertices[v1]);
+    }
     static int toLineForSure(const Vector2& point, int v0, int v1, const Vector2& p0, const Vector2& p1)
     {
         const LineTerms terms = lineTerms(point, v0, v1, p0, p1);
