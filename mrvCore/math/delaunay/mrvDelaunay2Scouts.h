@@ -36,8 +36,9 @@ public:
     }
 
 private:
-    static constexpr size_t _start =
-        11; ///< vertices ahead; a step for each but the last two, from the grid's triangle
+    /// Vertices ahead. From the grid's triangle, nine in ten take fewer steps than there is time for; the
+    /// last two times are for what lies around the triangle.
+    static constexpr size_t _start = 11;
     static constexpr size_t _ringSize = 16;
 
     const Vector2& pointOf(size_t k) const { return _mesh._sVertices[_order[k]]; }
@@ -80,6 +81,7 @@ private:
         if (_scouts[k % _ringSize] != nullptr)
             _mesh.prefetchNeighbours(*_scouts[k % _ringSize]);
     }
+    /// What the neighbours are next to: an insertion seldom reads farther.
     void prefetchRing(size_t k)
     {
         if (_scouts[k % _ringSize] == nullptr)
