@@ -104,6 +104,8 @@ private:
     void openPolygonEdge(Triangle& triangle, int slot, int i, bool isContaining);
     bool joinsPolygon(Triangle& triangle, int slot, int i);
     bool fillPolygon(int i);
+    uint32_t findEdgeFrom(int corner) const;
+    bool fillCornersCache();
     size_t placeOfCorner(int vertex) const;
     Triangle& obtainTriangle(int v0, const Edge& edge);
     void recycleTriangle(Triangle& triangle);

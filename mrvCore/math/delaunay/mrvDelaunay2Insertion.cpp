@@ -29,7 +29,6 @@ double doubleAreaOf(const Vector2& a, const Vector2& b, const Vector2& c)
 
 } // namespace
 
-/// As new, and in use. Field by field: a temporary object stalls the processor here.
 inline void Delaunay2::Triangle::begin(int v0, const Vector2& point, const Edge& edge)
 {
     for (uint32_t& neighbour : _adj)
@@ -47,7 +46,6 @@ inline void Delaunay2::Triangle::begin(int v0, const Vector2& point, const Edge&
     _isDoubtful = !DelaunayQuery2::isTurnSure(point, _vertices[1], _vertices[2], _points[1], _points[2]);
 }
 
-/// Clears the links between this triangle and its neighbour; the neighbour's slot, -1 for none.
 inline int Delaunay2::Triangle::detachFrom(int slot, uint32_t self, Triangle& neighbour)
 {
     _adj[slot] = noTriangle;
@@ -59,7 +57,6 @@ inline int Delaunay2::Triangle::detachFrom(int slot, uint32_t self, Triangle& ne
     return found;
 }
 
-/// True if vertex `i` lies in the circumcircle. The supervertices count as infinitely far.
 [[gnu::always_inline]] inline bool
 Delaunay2::Triangle::isInsertionComponent(int i, const Vector2& point, uint32_t adjacent, int firstSuper)
 {
@@ -73,8 +70,6 @@ Delaunay2::Triangle::isInsertionComponent(int i, const Vector2& point, uint32_t 
     return _isComponent;
 }
 
-/// The edge that faces the circle of a triangle with supervertices, which is a half-plane: the one without,
-/// or else the one that the insertion has yet to come through.
 int Delaunay2::Triangle::findFiniteEdge(uint32_t adjacent, int firstSuper) const
 {
     int superCount = 0;
@@ -191,27 +186,35 @@ bool Delaunay2::update(int i, const Triangle* start)
                                                               bool isContaining)
 {
     const int next = nextOf(slot);
-    Edge edge = { noTriangle,
-                  -1,
-                  { triangle._vertices[slot], triangle._vertices[next] },
-                  { triangle._points[slot], triangle._points[next] } };
-    Triangle* const neighbour = const_cast<Triangle*>(neighbourOf(triangle, slot));
-    if (neighbour == nullptr)
+    const int v0 = triangle._vertices[slot];
+    const int v1 = triangle._vertices[next];
+    // In place: a temporary object stalls the processor here.
+    const auto insertEdge = [&](uint32_t owner, int ownerSlot) {
+        Edge& edge = _polygonEdgesCache.addOne();
+        edge._ownerTriangle = owner;
+        edge._nullIndex = ownerSlot;
+        edge._verticesValues[0] = v0;
+        edge._verticesValues[1] = v1;
+        edge._points[0] = triangle._points[slot];
+        edge._points[1] = triangle._points[next];
+    };
+    const uint32_t neighbourIndex = triangle._adj[slot];
+    if (neighbourIndex == noTriangle)
     {
-        if (isSupervertex(edge._verticesValues[0]) && isSupervertex(edge._verticesValues[1]))
-            _polygonEdgesCache.push_back(edge);
+        if (isSupervertex(v0) && isSupervertex(v1))
+            insertEdge(noTriangle, -1);
         return;
     }
+    Triangle* const neighbour = _trianglePool + neighbourIndex;
     const uint32_t self = slotOf(triangle);
-    edge._ownerTriangle = triangle._adj[slot];
-    edge._nullIndex = triangle.detachFrom(slot, self, *neighbour);
+    const int neighbourSlot = triangle.detachFrom(slot, self, *neighbour);
     const Vector2& point = _sVertices[i];
     bool joins = neighbour->isInsertionComponent(i, point, self, _supervertices[0]);
     if (_isCareful)
         joins = (joins || (isContaining && triangle.toLine(point, slot) >= 0)) &&
-                joinsPolygon(*neighbour, edge._nullIndex, i);
+                joinsPolygon(*neighbour, neighbourSlot, i);
     if (!joins)
-        _polygonEdgesCache.push_back(edge);
+        insertEdge(neighbourIndex, neighbourSlot);
     else if (!neighbour->_onStack)
     {
         _triStackCache.push_back(neighbour);
@@ -236,14 +239,9 @@ bool Delaunay2::joinsPolygon(Triangle& triangle, int slot, int i)
 }
 
 /// Every edge of the polygon makes a triangle with the vertex. In a simple polygon each corner begins one
-/// edge. False if two edges begin at one corner.
+/// edge. False if another number of edges begins at one.
 bool Delaunay2::fillPolygon(int i)
 {
-    size_t placeCount = 16;
-    while (placeCount < 2 * _polygonEdgesCache.size())
-        placeCount *= 2;
-    _polygonCornersCache.assign(placeCount, noTriangle);
-
     _lastTriangle = nullptr;
     for (Edge& edge : _polygonEdgesCache)
     {
@@ -255,21 +253,56 @@ bool Delaunay2::fillPolygon(int i)
             _trianglePool[edge._ownerTriangle]._adj[edge._nullIndex] = slot;
         }
         edge._ownerTriangle = slot;
-        uint32_t& place = _polygonCornersCache[placeOfCorner(edge._verticesValues[0])];
-        if (place != noTriangle)
-            return false;
-        place = slot;
         if (_lastTriangle == nullptr || isSupervertex(edge._verticesValues[0]))
             _lastTriangle = &added; // what comes next to a vertex of the hull is outside, as a rule
     }
 
+    // Most polygons have so few edges that a look at each of them is sooner done than a table.
+    constexpr size_t fewEdges = 8;
+    const bool hasFewEdges = _polygonEdgesCache.size() <= fewEdges;
+    if (!hasFewEdges && !fillCornersCache())
+        return false;
     for (const Edge& edge : _polygonEdgesCache)
     {
-        const uint32_t following = _polygonCornersCache[placeOfCorner(edge._verticesValues[1])];
+        const int corner = edge._verticesValues[1];
+        const uint32_t following =
+            hasFewEdges ? findEdgeFrom(corner) : _polygonCornersCache[placeOfCorner(corner)];
         if (following == noTriangle)
             return false;
         _trianglePool[edge._ownerTriangle]._adj[2] = following;
         _trianglePool[following]._adj[0] = edge._ownerTriangle;
+    }
+    return true;
+}
+
+/// The new triangle at the edge that begins at the corner, if there is one such edge.
+inline uint32_t Delaunay2::findEdgeFrom(int corner) const
+{
+    uint32_t found = noTriangle;
+    for (const Edge& edge : _polygonEdgesCache)
+    {
+        if (edge._verticesValues[0] != corner)
+            continue;
+        if (found != noTriangle)
+            return noTriangle;
+        found = edge._ownerTriangle;
+    }
+    return found;
+}
+
+/// False if two edges begin at one corner.
+bool Delaunay2::fillCornersCache()
+{
+    size_t placeCount = 16;
+    while (placeCount < 2 * _polygonEdgesCache.size())
+        placeCount *= 2;
+    _polygonCornersCache.assign(placeCount, noTriangle);
+    for (const Edge& edge : _polygonEdgesCache)
+    {
+        uint32_t& place = _polygonCornersCache[placeOfCorner(edge._verticesValues[0])];
+        if (place != noTriangle)
+            return false;
+        place = edge._ownerTriangle;
     }
     return true;
 }
@@ -343,7 +376,10 @@ bool Delaunay2::isTriangulation(const PODArray<int>& order) const
 void Delaunay2::removeTriangles()
 {
     for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
-        _trianglePool[slot]._inUse = !hasSupervertex(_trianglePool[slot]);
+    {
+        Triangle& triangle = _trianglePool[slot];
+        triangle._inUse = triangle._inUse && !hasSupervertex(triangle);
+    }
 }
 
 } // namespace mrv

@@ -34,9 +34,14 @@ struct alignas(64) Delaunay2::Triangle
     bool _inUse;
     bool _isDoubtful; ///< may turn clockwise, by rounding
 
+    /// As new, and in use. Field by field: a temporary object stalls the processor here.
     void begin(int v0, const Vector2& point, const Edge& edge);
+    /// Clears the links between this triangle and its neighbour; the neighbour's slot, -1 for none.
     int detachFrom(int slot, uint32_t self, Triangle& neighbour);
+    /// True if vertex `i` lies in the circumcircle. The supervertices count as infinitely far.
     bool isInsertionComponent(int i, const Vector2& point, uint32_t adjacent, int firstSuper);
+    /// The edge that faces the circle of a triangle with supervertices, which is a half-plane: the one
+    /// without, or else the one that the insertion has yet to come through.
     int findFiniteEdge(uint32_t adjacent, int firstSuper) const;
 
     /// The predicates of an edge.
