@@ -7,7 +7,7 @@
 
 namespace mrv::internal {
 
-void adviseLargePages(const void* block, size_t bytes)
+void adviseLargePages(void* block, size_t bytes)
 {
     constexpr uintptr_t pageSize = uintptr_t(1) << 21;
     const uintptr_t begin = (reinterpret_cast<uintptr_t>(block) + pageSize - 1) & ~(pageSize - 1);

@@ -8,6 +8,6 @@ namespace mrv::internal {
 
 /// Asks the system to back a block of memory by large pages, before it is first written: random reading of
 /// many megabytes waits for addresses as much as for data. A wish only, and nothing for small blocks.
-void adviseLargePages(const void* block, size_t bytes);
+void adviseLargePages(void* block, size_t bytes);
 
 } // namespace mrv::internal
