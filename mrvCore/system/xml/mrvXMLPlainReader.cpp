@@ -156,7 +156,7 @@ bool XMLPlainReader::skipEpilog()
             ++_place;
         if (_place == _textEnd || *_place == '\0')
             return true;
-        if (!skipComment())
+        if (_place >= _end || !skipComment())
             return false;
     }
 }
@@ -321,10 +321,13 @@ bool XMLPlainReader::decode(const char* text, size_t size)
 
 void XMLPlainReader::skipSpaces()
 {
-    // The lines of deep levels begin with hundreds of tabs.
-    for (; isSpace(*_place); ++_place)
+    while (isSpace(*_place))
+    {
+        ++_place;
+        // The lines of deep levels begin with hundreds of tabs.
         while (_end - _place >= 8 && loadWord<uint64_t>(_place) == '\t' * everyByte)
             _place += 8;
+    }
 }
 
 const char* XMLPlainReader::skipName() const

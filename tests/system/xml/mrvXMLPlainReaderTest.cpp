@@ -79,6 +79,8 @@ TEST(XMLPlainReader, readsPlainTextsAsRapidXMLDoes)
              std::string("<a><![CDATA[]]><!----></a>"),
              std::string("<a><b><c><d/></c></b><b/><b><c/></b></a>"),
              "<a>" + repeat("\n\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t<b/>", 3) + "</a>",
+             std::string(8, '\t') + "<a>\n" + std::string(8, '\t') + "<b" + std::string(24, '\t') + "/>" +
+                 std::string(16, '\t') + "</a" + std::string(9, '\t') + ">",
              "<a x='" + std::string(300, 'v') + "' y='" + repeat("&gt;", 100) + "'>" + std::string(300, 't') +
                  "</a>",
              "<a x='" + std::string(254, 'v') + "' y='" + std::string(255, 'v') + "'/>",
@@ -113,6 +115,9 @@ TEST(XMLPlainReader, leavesWhatIsOddOrMalformed)
              std::string("<a><include/></a>"),
              std::string("<a/><b/>"),
              std::string("<a/>text"),
+             std::string("<a/>  t"),
+             std::string("<a/>      <"),
+             std::string(16, '\t') + ">\n<!\t",
              std::string("<a></b>"),
              std::string("<a></aa>"),
              std::string("<aa></a>"),
