@@ -167,7 +167,7 @@ bool XMLPlainReader::skipMark(const char* begin, const char* end)
         return false;
     const std::string_view rest(_place, static_cast<size_t>(_end - _place));
     const size_t found = rest.find(end, std::strlen(begin));
-    if (found == rest.npos || std::memchr(_place, '\0', found) != nullptr)
+    if (found == std::string_view::npos || std::memchr(_place, '\0', found) != nullptr)
         return false;
     _place += found + std::strlen(end);
     return true;
@@ -300,18 +300,18 @@ bool XMLPlainReader::decode(const char* text, size_t size)
     for (;;)
     {
         const size_t plain = rest.find('&');
-        const size_t copied = plain == rest.npos ? rest.size() : plain;
+        const size_t copied = plain == std::string_view::npos ? rest.size() : plain;
         _decoded.insert(_decoded.end(), rest.data(), rest.data() + copied);
-        if (plain == rest.npos)
+        if (plain == std::string_view::npos)
             return true;
         const size_t end = rest.find(';', plain);
-        if (end == rest.npos || end == plain + 1)
+        if (end == std::string_view::npos || end == plain + 1)
             return false;
         const std::string_view name = rest.substr(plain + 1, end - plain - 1);
         uint32_t code = name[0] == '#' ? parseReference(name) : 0;
         for (const Entity& entity : entities)
             if (entity.name == name)
-                code = static_cast<uint32_t>(entity.character);
+                code = static_cast<unsigned char>(entity.character);
         if (code == 0)
             return false;
         appendUtf8(code, _decoded);
