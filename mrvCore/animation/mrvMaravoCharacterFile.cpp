@@ -105,8 +105,8 @@ Load::Value MaravoCharacterV24::loadCharacterFile(const MrvString& fileName, boo
     MaravoCharacterInterface* converted = nullptr;
     convertFrom(read.release(), converted, _fileVersion);
     read.reset(converted);
-    takeCharacter(
-        static_cast<MaravoCharacterV24&>(*converted)); // two of a large one would be the peak of memory
+    // Not copied: two of a large character would be the peak of memory.
+    takeCharacter(static_cast<MaravoCharacterV24&>(*converted));
     read.reset();
 
     HierarchicalSkeletonDescriptionV1* skeleton = _converterMapping.touchSkeletonDescription();
