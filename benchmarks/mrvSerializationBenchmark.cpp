@@ -162,8 +162,7 @@ void addXml(const std::string& form, int skeletons, int bones)
             out.rewind();
             std::ostream text(&out);
             mrv::XMLStream stream;
-            stream.pack(stream.getRoot(), character);
-            mrv::XMLDataFileParser().writeToBuffer(text, stream.getRoot());
+            stream.exportObject(text, stream.getRoot(), character);
         }
         reportObjects(state, character._bones.size(), character._assets.size());
     });

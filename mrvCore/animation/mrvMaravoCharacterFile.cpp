@@ -135,9 +135,8 @@ Save::Value MaravoCharacterV24::saveCharacterFileXML(const MrvString& fileName) 
 {
     DataItem root("maravoObject");
     root.addAttribute("Version", MRV_MVC_VERSION);
-    XMLStream().pack(root, *this);
     const bool isWritten =
-        XMLDataFileParser().write(fileName.c_str(), root) == SaveXMLDataFileErrorCode::SUCCESS;
+        XMLStream().exportObject(fileName.c_str(), root, *this) == SaveXMLDataFileErrorCode::SUCCESS;
     return isWritten ? Save::SUCCESS : Save::FILE_CREATION_FAILED;
 }
 

@@ -11,20 +11,26 @@ namespace mrv::internal {
 template <class Word>
 Word loadWord(const char* from)
 {
-    Word word = 0;
+    Word word{};
     std::memcpy(&word, from, sizeof(word));
     return word;
 }
 
-/// As std::memcpy: for up to 16 bytes a copy of the two ends, which may overlap, costs less than a call.
+/// As std::memcpy: for up to 32 bytes a copy of the two ends, which may overlap, costs less than a call.
 inline void copyShortBytes(char* to, const char* from, size_t count)
 {
+    struct TwoWords
+    {
+        uint64_t words[2];
+    };
     const auto copyEnds = [&](auto first, auto last) {
         std::memcpy(to, &first, sizeof(first));
         std::memcpy(to + count - sizeof(last), &last, sizeof(last));
     };
-    if (count > 16)
+    if (count > 32)
         std::memcpy(to, from, count);
+    else if (count > 16)
+        copyEnds(loadWord<TwoWords>(from), loadWord<TwoWords>(from + count - 16));
     else if (count >= 8)
         copyEnds(loadWord<uint64_t>(from), loadWord<uint64_t>(from + count - 8));
     else if (count >= 4)

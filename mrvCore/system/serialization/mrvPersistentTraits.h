@@ -26,22 +26,37 @@ template <typename T>
 struct IsPersistentClass<T, std::void_t<decltype(T::persistentClass())>> : std::true_type
 {};
 
+/// True for a type of which `Test` is true, and for all that is made of such.
+template <template <typename> class Test, typename T>
+struct ConsistsOf : Test<T>
+{};
+template <template <typename> class Test, typename T>
+struct ConsistsOf<Test, Array<T>> : ConsistsOf<Test, T>
+{};
+template <template <typename> class Test, typename T>
+struct ConsistsOf<Test, PODArray<T>> : ConsistsOf<Test, T>
+{};
+template <template <typename> class Test, typename K, typename V>
+struct ConsistsOf<Test, std::pair<K, V>> : std::disjunction<ConsistsOf<Test, K>, ConsistsOf<Test, V>>
+{};
+template <template <typename> class Test, typename K, typename V>
+struct ConsistsOf<Test, MrvMap<K, V>> : ConsistsOf<Test, std::pair<K, V>>
+{};
+
+template <typename T>
+struct IsObject : IsPersistentClass<T>
+{};
+template <typename T>
+struct IsObjectOrPointer : std::disjunction<IsPersistentClass<T>, std::is_pointer<T>>
+{};
+
 /// True for a type that carries objects by value: reading one registers addresses inside it.
 template <typename T>
-struct HoldsObjects : IsPersistentClass<T>
-{};
+using HoldsObjects = ConsistsOf<IsObject, T>;
+
+/// True for a type whose writing gives ids.
 template <typename T>
-struct HoldsObjects<Array<T>> : HoldsObjects<T>
-{};
-template <typename T>
-struct HoldsObjects<PODArray<T>> : HoldsObjects<T>
-{};
-template <typename K, typename V>
-struct HoldsObjects<std::pair<K, V>> : std::disjunction<HoldsObjects<K>, HoldsObjects<V>>
-{};
-template <typename K, typename V>
-struct HoldsObjects<MrvMap<K, V>> : HoldsObjects<std::pair<K, V>>
-{};
+using HasIdentities = ConsistsOf<IsObjectOrPointer, T>;
 
 /// Id and attribute count.
 constexpr size_t minimumObjectSize = 8;

@@ -13,6 +13,8 @@
 #include "mrvCore/system/log/mrvLogMacros.h"
 #include "mrvCore/system/utils/mrvStackSpace.h"
 #include "mrvCore/system/xml/mrvXMLDataFileParser.h"
+#include "mrvCore/system/xml/mrvXMLOutput.h"
+#include "mrvCore/system/xml/mrvXMLPrinter.h"
 
 #include <cstring>
 
@@ -91,7 +93,11 @@ void XMLStream::importFrom(const char* fileName)
 template <typename T>
 void XMLStream::doWriteAttribute(DataItem& item, T value, const char* name)
 {
-    if (!_firstPass)
+    if (_firstPass)
+        return;
+    if (isPrinted(item))
+        _printer->addNumber(name, std::strlen(name), value);
+    else
         item.addAttribute(name, value);
 }
 
@@ -124,6 +130,16 @@ MRV_INTERNAL_NUMBER(float)
 MRV_INTERNAL_NUMBER(double)
 
 #undef MRV_INTERNAL_NUMBER
+
+void XMLStream::writeText(DataItem& item, const char* name, size_t nameSize, const char* text, size_t size)
+{
+    if (_firstPass)
+        return;
+    if (isPrinted(item))
+        _printer->addAttribute(name, nameSize, text, size);
+    else
+        item.touchTexts().addAttribute(name, nameSize, text, size);
+}
 
 void XMLStream::write(DataItem& item, bool value)
 {
@@ -165,8 +181,7 @@ void XMLStream::read(const DataItem& item, unsigned char& value)
 
 void XMLStream::write(DataItem& item, const char* value)
 {
-    if (!_firstPass)
-        item.addAttribute("value", value);
+    writeText(item, "value", 5, value, std::strlen(value));
 }
 
 void XMLStream::read(const DataItem& item, const char*& value)
@@ -176,8 +191,7 @@ void XMLStream::read(const DataItem& item, const char*& value)
 
 void XMLStream::write(DataItem& item, const MrvString& value)
 {
-    if (!_firstPass)
-        item.addAttribute("value", 5, value.c_str(), static_cast<unsigned int>(value.size()));
+    writeText(item, "value", 5, value.c_str(), value.size());
 }
 
 void XMLStream::read(const DataItem& item, MrvString& value)
@@ -193,7 +207,8 @@ void XMLStream::writeComponents(DataItem& item, const float (&components)[Count]
     if (_firstPass)
         return;
     constexpr size_t longestUsual = 40; // a component of some 30 digits and what is around it
-    item.touchTexts().reserve(Count * longestUsual);
+    if (!isPrinted(item))
+        item.touchTexts().reserve(Count * longestUsual);
     for (size_t i = 0; i < Count; ++i)
         doWriteAttribute(item, components[i], dimensionName[i]);
 }
@@ -262,20 +277,43 @@ void XMLStream::read(const DataItem& item, Quaternion& value)
     value = Quaternion(components[0], components[1], components[2], components[3]);
 }
 
-DataItem& XMLStream::touchElement(DataItem& item)
+DataItem& XMLStream::enterChild(DataItem& item, const char* name, unsigned int nameSize)
 {
     if (_firstPass)
         return _firstPassElement;
-    DataItem& element = item.addChild();
-    element.setName("element", 7);
+    if (isPrinted(item))
+    {
+        printStrays();
+        _printer->open(name, nameSize);
+        return item;
+    }
+    DataItem& child = item.addChild();
+    child.setName(name, nameSize);
+    return child;
+}
+
+DataItem& XMLStream::enterElement(DataItem& item, size_t index)
+{
+    DataItem& element = enterElement(item);
+    doWriteAttribute(element, static_cast<unsigned int>(index), "index");
     return element;
 }
 
-DataItem& XMLStream::touchElement(DataItem& item, size_t index)
+void XMLStream::leavePrintedChild()
 {
-    DataItem& element = touchElement(item);
-    doWriteAttribute(element, static_cast<unsigned int>(index), "index");
-    return element;
+    printStrays();
+    _printer->close();
+}
+
+// What an attribute class of a host has put into the item that stands for the open element.
+void XMLStream::printStrays()
+{
+    const bool isEmpty = _printedItem.getAttributesCount() == 0 && _printedItem.getChildrenCount() == 0 &&
+                         _printedItem.getTexts().getContent().empty();
+    if (isEmpty)
+        return;
+    _printer->printInside(_printedItem);
+    _printedItem.clear();
 }
 
 XMLStream::Entry XMLStream::findEntry(const DataItem& item) const
@@ -316,6 +354,42 @@ void XMLStream::finishPack(DataItem& item, const RTTI& rtti)
         item.addAttribute("typeName", rtti.getTypeName());
 }
 
+void XMLStream::writeTypeName(DataItem& item, const RTTI& rtti)
+{
+    writeText(item, "typeName", 8, rtti.getTypeName(), std::strlen(rtti.getTypeName()));
+}
+
+SaveXMLDataFileErrorCode::Value XMLStream::exportObject(const char* fileName, const DataItem& root,
+                                                        const void* object, const RTTI& rtti)
+{
+    return printXMLFile(fileName, root.getName(),
+                        [&](XMLPrinter& printer) { printObject(printer, root, object, rtti); });
+}
+
+void XMLStream::exportObject(std::ostream& stream, const DataItem& root, const void* object, const RTTI& rtti)
+{
+    printXMLText(stream, root.getName(),
+                 [&](XMLPrinter& printer) { printObject(printer, root, object, rtti); });
+}
+
+void XMLStream::printObject(XMLPrinter& printer, const DataItem& root, const void* object, const RTTI& rtti)
+{
+    writeObject(_firstPassElement, object, rtti, false);
+    setFirstPass(false);
+    _printer = &printer;
+    printer.open(root.getName(), std::strlen(root.getName()));
+    printer.printInside(root);
+    DataItem& child = enterChild(_printedItem, "maravoObject", 12);
+    _writtenIdentities.takePending(object);
+    doWriteAttribute(child, _writtenIdentities.getId(object), "pointerID");
+    writeTypeName(child, rtti);
+    packAttributes(child, object, rtti);
+    leaveChild(child);
+    printer.close();
+    _printer = nullptr;
+    setFirstPass(true);
+}
+
 void XMLStream::writeObject(DataItem& item, const void* object, const RTTI& rtti, bool isByValue)
 {
     if (_firstPass)
@@ -349,12 +423,13 @@ void XMLStream::packAttributes(DataItem& item, const void* object, const RTTI& r
             attributes.get(i)->pack(*this, item, object);
         return;
     }
-    item.reserveChildrenSpace(attributes.getCount());
+    reserveChildren(item, attributes.getCount());
     for (unsigned int i = 0; i < attributes.getCount(); ++i)
     {
-        DataItem& child = item.addChild();
-        child.setName(attributes.get(i)->getName());
+        const char* const name = attributes.get(i)->getName();
+        DataItem& child = enterChild(item, name, static_cast<unsigned int>(std::strlen(name)));
         attributes.get(i)->pack(*this, child, object);
+        leaveChild(child);
     }
 }
 
@@ -371,7 +446,7 @@ void XMLStream::writePointer(DataItem& item, const void* object, const RTTI& rtt
     if (object == nullptr || !_writtenIdentities.takePending(object))
         return;
     if (std::strcmp(rtti.getTypeName(), declared.getTypeName()) != 0)
-        item.addAttribute("typeName", rtti.getTypeName());
+        writeTypeName(item, rtti);
     packAttributes(item, object, rtti);
 }
 

@@ -13,12 +13,15 @@
 #include "mrvCore/system/serialization/mrvReadIdentities.h"
 #include "mrvCore/system/serialization/mrvWrittenIdentities.h"
 
+#include <iosfwd>
+
 namespace mrv {
 
 class Quaternion;
 class Vector2;
 class Vector3;
 class Vector4;
+class XMLPrinter;
 
 /// The tolerant object form: attributes are found by the names of their elements, so that a stored object
 /// with more, fewer or reordered attributes still loads, with a warning for each that is not known.
@@ -62,6 +65,23 @@ public:
     /// Appends a child named "maravoObject" with the object to `item`.
     template <typename T>
     void pack(DataItem& item, const T& object);
+
+    /// @{
+    /// Writes the XML text of `root` with the object as pack() appends it: the same bytes as those of the
+    /// tree, which is not made. In front of the object stands what `root` has.
+    /// An attribute class of a host that fills its item itself does so before it has the stream write there.
+    template <typename T>
+    SaveXMLDataFileErrorCode::Value exportObject(const char* fileName, const DataItem& root, const T& object)
+    {
+        return exportObject(fileName, root, &object, object.getRTTI());
+    }
+    /// A failure is seen in the state of the stream.
+    template <typename T>
+    void exportObject(std::ostream& stream, const DataItem& root, const T& object)
+    {
+        exportObject(stream, root, &object, object.getRTTI());
+    }
+    /// @}
 
     /// Reads the first child of `item` whose class is T or derives from it. Without such a child the object
     /// stays as it was; returns whether there was one.
@@ -235,16 +255,44 @@ private:
     template <typename K, typename V>
     void writeEntry(DataItem& item, const K& key, const V& value);
 
-    /// The item of an element: a new child in the second pass, one to throw away in the first.
-    DataItem& touchElement(DataItem& item);
-    DataItem& touchElement(DataItem& item, size_t index);
+    /// True for the item that stands for the open element of a text that is being printed.
+    bool isPrinted(const DataItem& item) const { return &item == &_printedItem; }
+    /// A new child in the second pass, one to throw away in the first. It is left behind its last write.
+    DataItem& enterChild(DataItem& item, const char* name, unsigned int nameSize);
+    DataItem& enterElement(DataItem& item) { return enterChild(item, "element", 7); }
+    DataItem& enterElement(DataItem& item, size_t index);
+    void leaveChild(const DataItem& child)
+    {
+        if (isPrinted(child))
+            leavePrintedChild();
+    }
+    void leavePrintedChild();
+    void printStrays();
+    void reserveChildren(DataItem& item, size_t count)
+    {
+        if (!_firstPass && !isPrinted(item))
+            item.reserveChildrenSpace(count);
+    }
+    template <typename T>
+    void writeElement(DataItem& item, size_t index, const T& value)
+    {
+        DataItem& element = enterElement(item, index);
+        writeValue(element, value);
+        leaveChild(element);
+    }
     Entry findEntry(const DataItem& item) const;
     /// The place of an element in an array of this size; false, with a warning, if it has none.
     bool findIndex(const DataItem& element, unsigned int position, size_t size, unsigned int& index) const;
 
+    SaveXMLDataFileErrorCode::Value exportObject(const char* fileName, const DataItem& root,
+                                                 const void* object, const RTTI& rtti);
+    void exportObject(std::ostream& stream, const DataItem& root, const void* object, const RTTI& rtti);
+    void printObject(XMLPrinter& printer, const DataItem& root, const void* object, const RTTI& rtti);
     const DataItem* findObject(const DataItem& item, const RTTI& type) const;
     void finishPack(DataItem& item, const RTTI& rtti);
 
+    void writeText(DataItem& item, const char* name, size_t nameSize, const char* text, size_t size);
+    void writeTypeName(DataItem& item, const RTTI& rtti);
     void writeObject(DataItem& item, const void* object, const RTTI& rtti, bool isByValue);
     void packAttributes(DataItem& item, const void* object, const RTTI& rtti);
     void readObject(const DataItem& item, void* object, const RTTI& rtti);
@@ -264,6 +312,8 @@ private:
     internal::ReadIdentities _readIdentities;
     DataItem _configurationItem;
     DataItem _firstPassElement;
+    DataItem _printedItem;
+    XMLPrinter* _printer = nullptr;
     unsigned int _pointerId;
     bool _firstPass;
 };
@@ -300,10 +350,12 @@ void XMLStream::read(const DataItem& item, T*& pointer)
 template <typename Elements>
 void XMLStream::writeElements(DataItem& item, const Elements& elements)
 {
-    if (!_firstPass)
-        item.reserveChildrenSpace(elements.size());
+    using T = typename Elements::value_type;
+    if (_firstPass && !internal::HasIdentities<T>::value)
+        return;
+    reserveChildren(item, elements.size());
     for (size_t i = 0; i < elements.size(); ++i)
-        writeValue(touchElement(item, i), elements[i]);
+        writeElement(item, i, elements[i]);
 }
 
 template <typename Elements>
@@ -332,10 +384,9 @@ void XMLStream::readElements(const DataItem& item, Elements& elements)
 template <typename K, typename V>
 void XMLStream::writeEntry(DataItem& item, const K& key, const V& value)
 {
-    if (!_firstPass)
-        item.reserveChildrenSpace(2);
-    writeValue(touchElement(item, 0), key);
-    writeValue(touchElement(item, 1), value);
+    reserveChildren(item, 2);
+    writeElement(item, 0, key);
+    writeElement(item, 1, value);
 }
 
 template <typename K, typename V>
@@ -350,10 +401,15 @@ void XMLStream::read(const DataItem& item, std::pair<K, V>& pair)
 template <typename K, typename V>
 void XMLStream::write(DataItem& item, const MrvMap<K, V>& map)
 {
-    if (!_firstPass)
-        item.reserveChildrenSpace(map.size());
+    if (_firstPass && !internal::HasIdentities<std::pair<K, V>>::value)
+        return;
+    reserveChildren(item, map.size());
     for (auto entry = map.begin(); entry != map.end(); ++entry)
-        writeEntry(touchElement(item), entry.getKey(), entry.getValue());
+    {
+        DataItem& element = enterElement(item);
+        writeEntry(element, entry.getKey(), entry.getValue());
+        leaveChild(element);
+    }
 }
 
 template <typename K, typename V>

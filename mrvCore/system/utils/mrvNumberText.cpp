@@ -165,28 +165,21 @@ bool parseByStream(const char* text, size_t size, T& value)
 
 } // namespace
 
-void NumberText::write(double value)
+char* NumberText::putNumber(char* to, double value)
 {
     // The digits of printf's %.32g, which is what a stream prints with.
-    char* const last = putExactly(_text, value);
-    const std::chars_format general = std::chars_format::general;
-    terminate(last != nullptr ? last : std::to_chars(_text, std::end(_text), value, general, 32).ptr);
+    char* const last = putExactly(to, value);
+    return last != nullptr ? last : std::to_chars(to, to + room, value, std::chars_format::general, 32).ptr;
 }
 
-void NumberText::write(int64_t value)
+char* NumberText::putNumber(char* to, int64_t value)
 {
-    terminate(std::to_chars(_text, std::end(_text), value).ptr);
+    return std::to_chars(to, to + room, value).ptr;
 }
 
-void NumberText::write(uint64_t value)
+char* NumberText::putNumber(char* to, uint64_t value)
 {
-    terminate(std::to_chars(_text, std::end(_text), value).ptr);
-}
-
-void NumberText::terminate(char* last)
-{
-    *last = '\0'; // there is room: see _text
-    _size = static_cast<size_t>(last - _text);
+    return std::to_chars(to, to + room, value).ptr;
 }
 
 template <class T>

@@ -18,29 +18,38 @@ class MRV_CORE_API NumberText
 {
 public:
     template <class T>
-    explicit NumberText(T value)
+    explicit NumberText(T value) : _size(static_cast<size_t>(put(_text, value) - _text))
     {
-        static_assert(std::is_arithmetic_v<T> && !std::is_same_v<T, char> && sizeof(T) <= sizeof(double),
-                      "a number of at most 64 bits");
-        if constexpr (std::is_floating_point_v<T>)
-            write(static_cast<double>(value));
-        else if constexpr (std::is_signed_v<T>)
-            write(static_cast<int64_t>(value));
-        else
-            write(static_cast<uint64_t>(value));
+        _text[_size] = '\0';
     }
 
     const char* c_str() const { return _text; }
     size_t size() const { return _size; }
 
-private:
-    void write(double value);
-    void write(int64_t value);
-    void write(uint64_t value);
-    void terminate(char* last);
+    /// What a text may take where it is put: 40 for the longest and its terminator, 43 while it is made.
+    static constexpr size_t room = 48;
 
-    char _text[48]; // 40 for the longest text and its terminator, 43 while it is made
-    size_t _size = 0;
+    /// Puts the text of a number at `to`, without a terminator. Returns the place behind it.
+    template <class T>
+    static char* put(char* to, T value)
+    {
+        static_assert(std::is_arithmetic_v<T> && !std::is_same_v<T, char> && sizeof(T) <= sizeof(double),
+                      "a number of at most 64 bits");
+        if constexpr (std::is_floating_point_v<T>)
+            return putNumber(to, static_cast<double>(value));
+        else if constexpr (std::is_signed_v<T>)
+            return putNumber(to, static_cast<int64_t>(value));
+        else
+            return putNumber(to, static_cast<uint64_t>(value));
+    }
+
+private:
+    static char* putNumber(char* to, double value);
+    static char* putNumber(char* to, int64_t value);
+    static char* putNumber(char* to, uint64_t value);
+
+    char _text[room];
+    size_t _size;
 };
 
 /// Reads a number from `size` bytes as an input stream does in the classic locale: white space in front is

@@ -5,13 +5,12 @@
 #include "mrvCore/system/dataItem/mrvDataItem.h"
 #include "mrvCore/system/debug/mrvAssert.h"
 #include "mrvCore/system/log/mrvLogMacros.h"
-#include "mrvCore/system/utils/mrvSafeFileWriter.h"
+#include "mrvCore/system/xml/mrvXMLOutput.h"
 #include "mrvCore/system/xml/mrvXMLPrinter.h"
 #include "mrvCore/system/xml/mrvXMLTreeReader.h"
 
 #include <cstring>
 #include <istream>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 
@@ -60,39 +59,9 @@ std::string readToEnd(std::istream& stream)
     return text;
 }
 
-struct FileSink final : XMLPrinter::Sink
-{
-    explicit FileSink(const char* fileName) : writer(fileName) {}
-    void put(const char* text, size_t size) override { writer.write(text, size); }
-
-    SafeFileWriter writer;
-};
-
-struct StreamSink final : XMLPrinter::Sink
-{
-    explicit StreamSink(std::ostream& target) : stream(target) {}
-    void put(const char* text, size_t size) override
-    {
-        stream.write(text, static_cast<std::streamsize>(size));
-    }
-
-    std::ostream& stream;
-};
-
 void assertIsWorthWriting(const DataItem& configurationItem)
 {
     MRV_ASSERT(configurationItem.getChildrenCount() || configurationItem.getAttributesCount());
-}
-
-/// False, with an error in the log, for a tree that could not be read again.
-bool print(const DataItem& item, XMLPrinter::Sink& sink)
-{
-    const bool isPrinted = XMLPrinter(sink).print(item, XMLDataFileParser::maximumNesting);
-    if (!isPrinted)
-        MRV_LOG(SDK, LOG_ERROR,
-                "Item '" << item.getName() << "' has more than " << XMLDataFileParser::maximumNesting
-                         << " levels and is not written");
-    return isPrinted;
 }
 
 } // namespace
@@ -141,17 +110,13 @@ bool XMLDataFileParser::tryReadFromBuffer(const char* text, size_t size, DataIte
 SaveXMLDataFileErrorCode::Value XMLDataFileParser::write(const char* fileName, DataItem& item)
 {
     assertIsWorthWriting(item);
-    FileSink file(fileName == nullptr ? "" : fileName);
-    const bool isWritten = print(item, file) && file.writer.commit();
-    return isWritten ? SaveXMLDataFileErrorCode::SUCCESS : SaveXMLDataFileErrorCode::FILE_CREATION_FAILED;
+    return printXMLFile(fileName, item.getName(), [&](XMLPrinter& printer) { printer.print(item); });
 }
 
 void XMLDataFileParser::writeToBuffer(std::ostream& stream, DataItem& item)
 {
     assertIsWorthWriting(item);
-    StreamSink sink(stream);
-    if (!print(item, sink))
-        stream.setstate(std::ios_base::failbit);
+    printXMLText(stream, item.getName(), [&](XMLPrinter& printer) { printer.print(item); });
 }
 
 } // namespace mrv

@@ -1,10 +1,10 @@
 // mrvCore/system/xml/mrvXMLPrinter.cpp
-// Turns a data item tree into XML text.
+// Prints XML text.
 #include "mrvCore/system/xml/mrvXMLPrinter.h"
 
 #include "mrvCore/system/dataItem/mrvDataItem.h"
+#include "mrvCore/system/memory/mrvShortBytes.h"
 
-#include <cstdint>
 #include <cstring>
 
 namespace mrv {
@@ -22,8 +22,8 @@ bool isSpecial(char character)
     return index < 64 && (special >> index & 1) != 0;
 }
 
-/// An element that is open, and the child that comes next in it.
-struct OpenElement
+/// An item whose element is open, and its child that comes next.
+struct OpenItem
 {
     const DataItem* item;
     unsigned int nextChild;
@@ -33,7 +33,7 @@ struct OpenElement
 
 char* put(char* to, const char* text, size_t size)
 {
-    std::memcpy(to, text, size);
+    internal::copyShortBytes(to, text, size);
     return to + size;
 }
 
@@ -41,14 +41,6 @@ char* putIndent(char* to, size_t level)
 {
     std::memset(to, '\t', level);
     return to + level;
-}
-
-/// The text up to its zero. Shorter than what two calls for its length and its copy would take.
-char* putText(char* to, const char* text)
-{
-    for (; *text != '\0'; ++text)
-        *to++ = *text;
-    return to;
 }
 
 /// The text with references in place of its special characters, all but `plain`.
@@ -75,69 +67,79 @@ char* putEscaped(char* to, const char* text, char plain)
 
 } // namespace
 
-bool XMLPrinter::print(const DataItem& root, size_t maximumLevels)
+void XMLPrinter::print(const DataItem& item)
 {
-    PODArray<OpenElement> open;
-    printStart(root, 0);
-    open.push_back({ &root, 0 });
-    while (open.any())
+    open(item.getName(), std::strlen(item.getName()));
+    printInside(item);
+    close();
+}
+
+void XMLPrinter::printInside(const DataItem& item)
+{
+    printAttributes(item);
+    PODArray<OpenItem> items;
+    items.push_back({ &item, 0 });
+    while (!_isTooDeep)
     {
-        OpenElement& last = open.back();
-        if (last.nextChild == last.item->getChildrenCount())
+        OpenItem& last = items.back();
+        if (last.nextChild < last.item->getChildrenCount())
         {
-            printEnd(*last.item, open.size() - 1);
-            open.pop_back();
+            const DataItem& child = last.item->getChild(last.nextChild++);
+            open(child.getName(), std::strlen(child.getName()));
+            printAttributes(child);
+            items.push_back({ &child, 0 });
             continue;
         }
-        if (open.size() == maximumLevels)
-            return false;
-        const DataItem& child = last.item->getChild(last.nextChild++);
-        printStart(child, open.size());
-        open.push_back({ &child, 0 });
+        if (last.nextChild == 0)
+            printContent(*last.item);
+        items.pop_back();
+        if (items.empty())
+            return;
+        close();
     }
-    reserve(1);
-    *_end++ = '\n';
-    flush();
-    return true;
 }
 
-void XMLPrinter::printStart(const DataItem& item, size_t level)
+void XMLPrinter::open(const char* name, size_t nameSize)
 {
-    const internal::ItemTexts& texts = item.getTexts();
-    const internal::ItemText name = texts.getName();
-    reserve(level + name.size() + 1);
+    const size_t level = _open.size();
+    _isTooDeep = _isTooDeep || level == _maximumLevels;
+    if (_isTooDeep)
+        return;
+    reserve(level + nameSize + 3);
+    if (level != 0 && _open.back().inside == Inside::NOTHING)
+    {
+        _end = put(_end, ">\n", 2);
+        _open.back().inside = Inside::CHILDREN;
+    }
     _end = putIndent(_end, level);
     *_end++ = '<';
-    _end = putText(_end, name.c_str());
-
-    for (const char* place = texts.attributesBegin(); place != texts.end();)
-    {
-        const internal::ItemAttribute attribute(place);
-        printAttribute(attribute);
-        place = attribute.behind();
-    }
-
-    const internal::ItemText content = texts.getContent();
-    reserve(longestReference * content.size() + 3);
-    if (item.getChildrenCount() != 0)
-        _end = put(_end, ">\n", 2);
-    else if (*content.c_str() == '\0')
-        _end = put(_end, "/>\n", 3);
-    else
-    {
-        *_end++ = '>';
-        _end = putEscaped(_end, content.c_str(), '\0');
-    }
+    _end = put(_end, name, nameSize);
+    _open.push_back({ name, static_cast<uint32_t>(nameSize), Inside::NOTHING });
 }
 
-void XMLPrinter::printAttribute(const internal::ItemAttribute& attribute)
+void XMLPrinter::close()
 {
-    const char* const value = attribute.value.c_str();
-    reserve(attribute.name.size() + longestReference * attribute.value.size() + 4);
-    *_end++ = ' ';
-    _end = putText(_end, attribute.name.c_str());
-    *_end++ = '=';
+    if (_isTooDeep)
+        return;
+    const Element element = _open.back();
+    _open.pop_back();
+    reserve(_open.size() + element.nameSize + 4);
+    if (element.inside == Inside::NOTHING)
+    {
+        _end = put(_end, "/>\n", 3);
+        return;
+    }
+    if (element.inside == Inside::CHILDREN)
+        _end = putIndent(_end, _open.size());
+    _end = put(_end, "</", 2);
+    _end = put(_end, element.name, element.nameSize);
+    _end = put(_end, ">\n", 2);
+}
 
+void XMLPrinter::addAttribute(const char* name, size_t nameSize, const char* value, size_t valueSize)
+{
+    if (!beginAttribute(name, nameSize, longestReference * valueSize))
+        return;
     // Most values have no special character, and it costs little to begin anew at one.
     char* to = _end + 1;
     const char* from = value;
@@ -153,17 +155,47 @@ void XMLPrinter::printAttribute(const internal::ItemAttribute& attribute)
     _end = to + 1;
 }
 
-void XMLPrinter::printEnd(const DataItem& item, size_t level)
+bool XMLPrinter::beginAttribute(const char* name, size_t nameSize, size_t valueRoom)
 {
-    const bool hasChildren = item.getChildrenCount() != 0;
-    if (!hasChildren && *item.getContent() == '\0')
+    if (_isTooDeep || _open.back().inside != Inside::NOTHING)
+        return false;
+    reserve(nameSize + valueRoom + 4);
+    *_end++ = ' ';
+    _end = put(_end, name, nameSize);
+    *_end++ = '=';
+    return true;
+}
+
+void XMLPrinter::printAttributes(const DataItem& item)
+{
+    const internal::ItemTexts& texts = item.getTexts();
+    for (const char* place = texts.attributesBegin(); place != texts.end();)
+    {
+        const internal::ItemAttribute attribute(place);
+        const char* const name = attribute.name.c_str();
+        addAttribute(name, std::strlen(name), attribute.value.c_str(), attribute.value.size());
+        place = attribute.behind();
+    }
+}
+
+void XMLPrinter::printContent(const DataItem& item)
+{
+    const internal::ItemText content = item.getTexts().getContent();
+    Element& element = _open.back();
+    if (*content.c_str() == '\0' || element.inside != Inside::NOTHING)
         return;
-    const internal::ItemText name = item.getTexts().getName();
-    reserve(level + name.size() + 4);
-    _end = putIndent(_end, hasChildren ? level : 0);
-    _end = put(_end, "</", 2);
-    _end = putText(_end, name.c_str());
-    _end = put(_end, ">\n", 2);
+    element.inside = Inside::CONTENT;
+    reserve(longestReference * content.size() + 1);
+    *_end++ = '>';
+    _end = putEscaped(_end, content.c_str(), '\0');
+}
+
+bool XMLPrinter::finish()
+{
+    reserve(1);
+    *_end++ = '\n';
+    flush();
+    return !_isTooDeep;
 }
 
 void XMLPrinter::makeRoom(size_t size)

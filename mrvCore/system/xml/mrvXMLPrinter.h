@@ -1,22 +1,21 @@
 // mrvCore/system/xml/mrvXMLPrinter.h
-// Turns a data item tree into XML text.
+// Prints XML text, element by element or from a data item tree.
 #pragma once
 
 #include "mrvCore/system/containers/mrvPODArray.h"
+#include "mrvCore/system/utils/mrvNumberText.h"
+
+#include <cstdint>
 
 namespace mrv {
 
 class DataItem;
 
-namespace internal {
-struct ItemAttribute;
-}
-
-/// Prints the text that RapidXML prints with flags 0 of the same tree, byte for byte, straight from the
-/// items: one element to a line, indented by tabs, and an empty line at the end.
+/// Prints the text that RapidXML prints with flags 0 of the same tree, byte for byte: one element to a line,
+/// indented by tabs, and an empty line at the end.
 ///
-/// As there, the content of an item that has children is left out, and names and texts end at a zero.
-/// Takes no stack by the depth of the tree.
+/// As there, the content of an element that has children is left out, and names and texts end at a zero.
+/// Takes no stack by the depth of the tree. Beyond the limit of levels nothing more is printed.
 class XMLPrinter
 {
 public:
@@ -31,17 +30,57 @@ public:
         ~Sink() = default;
     };
 
-    explicit XMLPrinter(Sink& sink) : _sink(sink) { makeRoom(bufferSize); }
+    XMLPrinter(Sink& sink, size_t maximumLevels) : _sink(sink), _maximumLevels(maximumLevels)
+    {
+        makeRoom(bufferSize);
+    }
 
-    /// False, after a part of the text, where the tree has more than `maximumLevels` levels.
-    bool print(const DataItem& root, size_t maximumLevels);
+    /// An element with all that is in it, inside the open one.
+    void print(const DataItem& item);
+    /// The attributes of an item, and its children or its content, into the open element.
+    void printInside(const DataItem& item);
+
+    /// @{
+    /// Between these two an element is open. The name stays valid as long.
+    void open(const char* name, size_t nameSize);
+    void close();
+    /// @}
+
+    /// @{
+    /// An attribute of the open element. Nothing once there is something inside it.
+    void addAttribute(const char* name, size_t nameSize, const char* value, size_t valueSize);
+    template <typename T>
+    void addNumber(const char* name, size_t nameSize, T number)
+    {
+        if (!beginAttribute(name, nameSize, NumberText::room))
+            return;
+        *_end++ = '"';
+        _end = NumberText::put(_end, number);
+        *_end++ = '"';
+    }
+    /// @}
+
+    /// Ends the text. False where a part is missing because it had too many levels.
+    bool finish();
 
 private:
     static constexpr size_t bufferSize = 65536;
 
-    void printStart(const DataItem& item, size_t level);
-    void printAttribute(const internal::ItemAttribute& attribute);
-    void printEnd(const DataItem& item, size_t level);
+    /// What an open element has got behind its attributes.
+    struct Inside
+    {
+        enum Value { NOTHING, CONTENT, CHILDREN, END };
+    };
+    struct Element
+    {
+        const char* name;
+        uint32_t nameSize;
+        Inside::Value inside;
+    };
+
+    void printAttributes(const DataItem& item);
+    void printContent(const DataItem& item);
+    bool beginAttribute(const char* name, size_t nameSize, size_t valueRoom);
 
     /// Makes room for `size` characters at _end, which the caller then moves.
     void reserve(size_t size)
@@ -53,9 +92,12 @@ private:
     void flush();
 
     Sink& _sink;
+    const size_t _maximumLevels;
     PODArray<char> _buffer;
     char* _end = nullptr; // of what is in the buffer
     char* _limit = nullptr;
+    PODArray<Element> _open;
+    bool _isTooDeep = false;
 };
 
 } // namespace mrv

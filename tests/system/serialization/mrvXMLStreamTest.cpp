@@ -1,10 +1,12 @@
 // tests/system/serialization/mrvXMLStreamTest.cpp
 #include "mrvCore/system/serialization/mrvXMLStream.h"
 
+#include "mrvCore/system/inspection/mrvAbstractAttributeT.h"
 #include "mrvCore/system/log/mrvILogger.h"
 #include "mrvCore/system/log/mrvLog.h"
 #include "mrvCore/system/xml/mrvXMLDataFileParser.h"
 #include "tests/support/mrvCommaLocale.h"
+#include "tests/support/mrvTemporaryFolder.h"
 #include "tests/support/mrvTestGraph.h"
 
 #include <csignal>
@@ -14,13 +16,17 @@
 namespace mrv::test {
 namespace {
 
+/// The text of an object, whichever way it is written.
 template <typename T>
 std::string textOf(const T& object)
 {
     XMLStream stream;
+    std::ostringstream exported;
+    XMLStream().exportObject(exported, stream.getRoot(), object);
     stream.pack(stream.getRoot(), object);
     std::ostringstream text;
     XMLDataFileParser().writeToBuffer(text, stream.getRoot());
+    EXPECT_EQ(exported.str(), text.str());
     return text.str();
 }
 
@@ -105,6 +111,89 @@ TEST_F(XMLStreamTest, elementsHaveTheirDocumentedForm)
 </XMLSerialization>
 
 )");
+}
+
+/// An attribute class that fills its element itself.
+class NoteAttribute : public AbstractAttributeT<int, Part>
+{
+public:
+    NoteAttribute() : AbstractAttributeT<int, Part>("note", Part::getClassRTTI()) {}
+    void pack(BinaryStream&, const void*) const override {}
+    void unpack(BinaryStream&, void*) const override {}
+    void pack(XMLStream& stream, DataItem& item, const void* object) const override
+    {
+        if (stream.isFirstPass())
+            return;
+        item.addAttribute("author", "me & \"you\"");
+        DataItem& child = item.addChild();
+        child.setName("count");
+        stream.write(child, static_cast<const Part*>(object)->_count);
+        item.addChild().setName("text");
+        item.touchChild(1).setContent("1 < 2");
+    }
+    void unpack(XMLStream&, const DataItem&, void*) const override {}
+};
+
+TEST_F(XMLStreamTest, anAttributeMayFillItsElementItself)
+{
+    const RTTI& record = Part::getClassRTTI();
+    record.addAttribute(NoteAttribute());
+    EXPECT_EQ(textOf(Part("p", 7)), R"(<XMLSerialization>
+	<maravoObject pointerID="1" typeName="test::Part">
+		<label value="p"/>
+		<count value="7"/>
+		<note author='me &amp; "you"'>
+			<count value="7"/>
+			<text>1 &lt; 2</text>
+		</note>
+	</maravoObject>
+</XMLSerialization>
+
+)");
+    record.isRemoving(true);
+    record.addAttribute(NoteAttribute());
+    record.isRemoving(false);
+}
+
+TEST_F(XMLStreamTest, anExportedObjectStandsBehindWhatTheRootHas)
+{
+    DataItem root("file");
+    root.addAttribute("Version", 3);
+    root.addChild().setName("author");
+    std::ostringstream text;
+    XMLStream().exportObject(text, root, Part("<", -1));
+    EXPECT_EQ(text.str(), R"(<file Version="3">
+	<author/>
+	<maravoObject pointerID="1" typeName="test::Part">
+		<label value="&lt;"/>
+		<count value="-1"/>
+	</maravoObject>
+</file>
+
+)");
+}
+
+TEST_F(XMLStreamTest, whatCouldNotBeReadAgainIsNotExported)
+{
+    Array<Node*> chain;
+    for (unsigned int i = 0; i < XMLDataFileParser::maximumNesting / 2; ++i)
+    {
+        chain.push_back(new Node());
+        if (i > 0)
+            chain[i - 1]->_children.push_back(chain[i]);
+    }
+    const DataItem root("file");
+    const TemporaryFolder folder;
+    const MrvString file = folder.write("deep.xml", "former");
+    EXPECT_EQ(XMLStream().exportObject(file.c_str(), root, *chain[0]),
+              SaveXMLDataFileErrorCode::FILE_CREATION_FAILED);
+    EXPECT_NE(_logger._messages.find("Item 'file' has more than 1000 levels"), std::string::npos);
+    EXPECT_EQ(folder.read("deep.xml"), "former");
+    EXPECT_EQ(XMLStream().exportObject(file.c_str(), root, *chain[2]), SaveXMLDataFileErrorCode::SUCCESS);
+    DataItem read;
+    MrvString message;
+    EXPECT_TRUE(XMLDataFileParser().tryRead(file.c_str(), read, message)) << message.c_str();
+    deleteNodes();
 }
 
 TEST_F(XMLStreamTest, mapsAndPairsHoldTheirTwoElements)
