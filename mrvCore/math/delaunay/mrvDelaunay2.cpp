@@ -52,7 +52,6 @@ Delaunay2::Delaunay2(unsigned int verticesCount, Vector2* vertices, float epsilo
     prepareWorkingVertices(info);
     MRV_ASSERT(_query != nullptr, "Only the query type REAL has predicates\n");
     insertVertices();
-    removeTriangles();
     numberTriangles();
     _verticesCount = _supervertices[0];
     releaseConstructionData();
@@ -110,7 +109,8 @@ void Delaunay2::numberTriangles()
     internal::adviseLargePages(slots.begin(), slots.size() * sizeof(uint32_t));
     for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
     {
-        const bool isInUse = _trianglePool[slot]._inUse;
+        const Triangle& triangle = _trianglePool[slot];
+        const bool isInUse = triangle._inUse & !hasSupervertex(triangle);
         numbers[slot] = isInUse ? _simplicesCount : -1;
         slots[static_cast<size_t>(_simplicesCount)] = slot;
         _simplicesCount += isInUse;

@@ -91,10 +91,11 @@ private:
 
     /// Of vertices; the caches hold the mesh of fewer.
     static constexpr size_t _largeCount = 32768;
+    /// Of a polygon.
+    static constexpr size_t _fewEdges = 16;
 
     void prepareWorkingVertices(const Information& info);
     void insertVertices();
-    void removeTriangles();
     void numberTriangles();
     void releaseConstructionData();
 
@@ -104,7 +105,9 @@ private:
     void openPolygonEdge(Triangle& triangle, int slot, int i, bool isContaining);
     bool joinsPolygon(Triangle& triangle, int slot, int i);
     bool fillPolygon(int i);
-    uint32_t findEdgeFrom(int corner) const;
+    bool linkTriangles(uint32_t triangle, uint32_t following);
+    bool linkFewTriangles();
+    unsigned int findFewCorners(int vertex) const;
     bool fillCornersCache();
     size_t placeOfCorner(int vertex) const;
     Triangle& obtainTriangle(int v0, const Edge& edge);
@@ -141,6 +144,7 @@ private:
     Vector2 _min;
     float _scale = 1.0f;
     PODArray<Edge> _polygonEdgesCache;
+    alignas(16) int _fewCorners[_fewEdges] = {}; ///< where the first edges of the polygon begin
     PODArray<uint32_t> _polygonCornersCache; ///< new triangles by the vertex that their outer edge begins at
     PODArray<Triangle*> _triStackCache;
     PODArray<int> _vertexTimes;              ///< the last insertion whose polygon had the vertex

@@ -13,6 +13,8 @@
 #include <cmath>
 #include <memory>
 
+#include <emmintrin.h>
+
 namespace mrv {
 
 using internal::nextOf;
@@ -167,16 +169,17 @@ bool Delaunay2::update(int i, const Triangle* start)
             _vertexTimes[static_cast<size_t>(vertex)] = i;
     }
     _polygonEdgesCache.clear();
-    _triStackCache.push_back(containing);
-    containing->_onStack = true;
-    while (_triStackCache.any())
+    Triangle* triangle = containing;
+    for (;;)
     {
-        Triangle& triangle = *_triStackCache.back();
-        _triStackCache.pop_back();
-        triangle._onStack = false;
+        triangle->_onStack = false;
         for (int slot = 0; slot < 3; ++slot)
-            openPolygonEdge(triangle, slot, i, &triangle == containing);
-        recycleTriangle(triangle);
+            openPolygonEdge(*triangle, slot, i, triangle == containing);
+        recycleTriangle(*triangle);
+        if (_triStackCache.empty())
+            break;
+        triangle = _triStackCache.back();
+        _triStackCache.pop_back();
     }
     return _polygonEdgesCache.size() == _trianglePoolRecycledIndices.size() + 2 && fillPolygon(i);
 }
@@ -190,6 +193,8 @@ bool Delaunay2::update(int i, const Triangle* start)
     const int v1 = triangle._vertices[next];
     // In place: a temporary object stalls the processor here.
     const auto insertEdge = [&](uint32_t owner, int ownerSlot) {
+        if (_polygonEdgesCache.size() < _fewEdges)
+            _fewCorners[_polygonEdgesCache.size()] = v0;
         Edge& edge = _polygonEdgesCache.addOne();
         edge._ownerTriangle = owner;
         edge._nullIndex = ownerSlot;
@@ -257,37 +262,53 @@ bool Delaunay2::fillPolygon(int i)
             _lastTriangle = &added; // what comes next to a vertex of the hull is outside, as a rule
     }
 
-    // Most polygons have so few edges that a look at each of them is sooner done than a table.
-    constexpr size_t fewEdges = 8;
-    const bool hasFewEdges = _polygonEdgesCache.size() <= fewEdges;
-    if (!hasFewEdges && !fillCornersCache())
+    // Most polygons have so few edges that a look at all of them is sooner done than a table.
+    if (_polygonEdgesCache.size() <= _fewEdges)
+        return linkFewTriangles();
+    if (!fillCornersCache())
         return false;
     for (const Edge& edge : _polygonEdgesCache)
-    {
-        const int corner = edge._verticesValues[1];
-        const uint32_t following =
-            hasFewEdges ? findEdgeFrom(corner) : _polygonCornersCache[placeOfCorner(corner)];
-        if (following == noTriangle)
+        if (!linkTriangles(edge._ownerTriangle, _polygonCornersCache[placeOfCorner(edge._verticesValues[1])]))
             return false;
-        _trianglePool[edge._ownerTriangle]._adj[2] = following;
-        _trianglePool[following]._adj[0] = edge._ownerTriangle;
+    return true;
+}
+
+/// False where there is no following one.
+inline bool Delaunay2::linkTriangles(uint32_t triangle, uint32_t following)
+{
+    if (following == noTriangle)
+        return false;
+    _trianglePool[triangle]._adj[2] = following;
+    _trianglePool[following]._adj[0] = triangle;
+    return true;
+}
+
+bool Delaunay2::linkFewTriangles()
+{
+    const unsigned int count = static_cast<unsigned int>(_polygonEdgesCache.size());
+    for (const Edge& edge : _polygonEdgesCache)
+    {
+        // Edge k begins at this one's end where the bit k is set.
+        const unsigned int following = findFewCorners(edge._verticesValues[1]) & ((1u << count) - 1);
+        if (following == 0 || (following & (following - 1)) != 0)
+            return false;
+        const size_t k = static_cast<size_t>(__builtin_ctz(following));
+        linkTriangles(edge._ownerTriangle, _polygonEdgesCache[k]._ownerTriangle);
     }
     return true;
 }
 
-/// The new triangle at the edge that begins at the corner, if there is one such edge.
-inline uint32_t Delaunay2::findEdgeFrom(int corner) const
+/// A bit for each place of the vertex in _fewCorners.
+inline unsigned int Delaunay2::findFewCorners(int vertex) const
 {
-    uint32_t found = noTriangle;
-    for (const Edge& edge : _polygonEdgesCache)
-    {
-        if (edge._verticesValues[0] != corner)
-            continue;
-        if (found != noTriangle)
-            return noTriangle;
-        found = edge._ownerTriangle;
-    }
-    return found;
+    static_assert(_fewEdges == 16, "four comparisons of four corners");
+    const __m128i wanted = _mm_set1_epi32(vertex);
+    const auto compare = [&](size_t place) {
+        return _mm_cmpeq_epi32(_mm_load_si128(reinterpret_cast<const __m128i*>(_fewCorners + place)), wanted);
+    };
+    const __m128i equal =
+        _mm_packs_epi16(_mm_packs_epi32(compare(0), compare(4)), _mm_packs_epi32(compare(8), compare(12)));
+    return static_cast<unsigned int>(_mm_movemask_epi8(equal));
 }
 
 /// False if two edges begin at one corner.
@@ -371,15 +392,6 @@ bool Delaunay2::isTriangulation(const PODArray<int>& order) const
     for (size_t k = 2; k < hull._vertices.size(); ++k)
         filled -= doubleAreaOf(hull._vertices[0], hull._vertices[k - 1], hull._vertices[k]);
     return std::abs(filled) <= tolerance;
-}
-
-void Delaunay2::removeTriangles()
-{
-    for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
-    {
-        Triangle& triangle = _trianglePool[slot];
-        triangle._inUse = triangle._inUse && !hasSupervertex(triangle);
-    }
 }
 
 } // namespace mrv

@@ -5,6 +5,8 @@
 #include "mrvCore/math/delaunay/mrvDelaunay2.h"
 #include "mrvCore/math/delaunay/mrvDelaunayQuery2.h"
 
+#include <algorithm>
+
 namespace mrv {
 
 namespace internal {
@@ -85,10 +87,11 @@ inline void Delaunay2::prefetchNeighbours(const Triangle& triangle) const
         __builtin_prefetch(neighbour == internal::noTriangle ? &triangle : _trianglePool + neighbour);
 }
 
+/// Without branches, which would be hard to foretell.
 inline bool Delaunay2::hasSupervertex(const Triangle& triangle) const
 {
     const int* const v = triangle._vertices;
-    return isSupervertex(v[0]) || isSupervertex(v[1]) || isSupervertex(v[2]);
+    return isSupervertex(std::max(v[0], std::max(v[1], v[2])));
 }
 
 } // namespace mrv
