@@ -23,7 +23,7 @@ namespace {
 
 constexpr size_t maximumCount = 10000000;
 
-struct Options
+struct ChooseOptions
 {
     std::string file;
     size_t count = 0;
@@ -118,7 +118,7 @@ void printSummary(const mrv::MaravoCharacterV24& character, const Crowd& crowd)
     table.print(std::cerr);
 }
 
-bool choose(const Options& options)
+bool choose(const ChooseOptions& options)
 {
     bool isDone = false;
     forEachCharacter({ options.file }, [&](const LoadedFile& loaded) {
@@ -153,7 +153,7 @@ void addChooseCommand(CLI::App& app, int& exitCode)
         "Prints a CSV table with a row for each entity and choice, mesh -1 for a choice of no mesh, and on\n"
         "standard error the shares beside the weights. Groups that an attribute chooses in go by their\n"
         "weights too; a weight that is negative or no number counts as 0.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<ChooseOptions>();
     command->add_option("FILE", options->file, "Character file")->required();
     command->add_option("--count", options->count, "Number of entities")
         ->required()

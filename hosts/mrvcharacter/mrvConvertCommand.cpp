@@ -15,7 +15,7 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct ConvertOptions
 {
     std::vector<std::string> files; ///< the target last
     bool isBinary = false;
@@ -54,7 +54,7 @@ std::string getExtension(const std::string& source, bool isBinary)
     return isBinary ? ".mvc" : ".mvcf";
 }
 
-bool convert(const Options& options)
+bool convert(const ConvertOptions& options)
 {
     const std::vector<std::string> sources(options.files.begin(), options.files.end() - 1);
     const std::vector<std::string> targets =
@@ -79,7 +79,7 @@ void addConvertCommand(CLI::App& app, int& exitCode)
     command->footer(
         "Paths of assets stay as they are stored, also where the new file lies in another folder. Of a\n"
         "character that goes into a mapping file the mapping is left.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<ConvertOptions>();
     command
         ->add_option(
             "FILES", options->files,

@@ -22,7 +22,7 @@ namespace {
 
 using mrv::DeepIOConf;
 
-struct Options
+struct DeepConfOptions
 {
     std::string source;
     std::string target;
@@ -105,7 +105,7 @@ void print(const DeepIOConf& conf)
             field.member);
 }
 
-bool run(const Options& options)
+bool run(const DeepConfOptions& options)
 {
     DeepIOConf conf;
     try
@@ -134,7 +134,7 @@ void addDeepConfCommand(CLI::App& app, int& exitCode)
     command->footer(
         "Values are JSON, such as 12, true or [\"a\",\"b\"]; those of text keys are taken as they\n"
         "stand. FILE stays as it is unless it is OUT as well.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<DeepConfOptions>();
     command->add_option("FILE", options->source, "Deep configuration file")->required();
     command->add_option("OUT", options->target, "File to write the result to");
     command->add_option("--set", options->settings, "KEY=VALUE, any number of times")

@@ -20,7 +20,7 @@ namespace {
 
 enum ExitCode { EQUAL, DIFFERENT, TROUBLE };
 
-struct Options
+struct DiffOptions
 {
     std::string a;
     std::string b;
@@ -65,7 +65,7 @@ Json toJson(const std::optional<std::string>& value)
     return value ? Json(*value) : Json(nullptr);
 }
 
-void printAsJson(const Options& options, const std::vector<Difference>& differences)
+void printAsJson(const DiffOptions& options, const std::vector<Difference>& differences)
 {
     Json list = Json::array();
     for (const Difference& difference : differences)
@@ -86,7 +86,7 @@ void print(const std::vector<Difference>& differences)
         std::cout << difference.path << ": " << show(difference.a) << " -> " << show(difference.b) << '\n';
 }
 
-ExitCode printDifferences(const Options& options)
+ExitCode printDifferences(const DiffOptions& options)
 {
     std::vector<Fact> facts[2];
     const std::string* const files[2] = { &options.a, &options.b };
@@ -110,7 +110,7 @@ void addDiffCommand(CLI::App& app, int& exitCode)
     command->footer("Compares what the characters are, whatever the form and version of their files: all\n"
                     "attributes, bones by name, entries of arrays by index.\n"
                     "Exit code: 0 for equal characters, 1 for different ones, 2 for trouble.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<DiffOptions>();
     command->add_option("A", options->a, "Character file")->required();
     command->add_option("B", options->b, "Character file")->required();
     command->add_flag("--json", options->asJson, "One JSON object");

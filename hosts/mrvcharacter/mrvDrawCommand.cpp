@@ -21,14 +21,14 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct DrawOptions
 {
     std::vector<std::string> files; ///< the target last
     std::string pose;
     bool withBodies = false;
 };
 
-bool drawOne(const Options& options, const LoadedFile& loaded, const std::string& target)
+bool drawOne(const DrawOptions& options, const LoadedFile& loaded, const std::string& target)
 {
     if (!reportFailure(loaded))
         return false;
@@ -50,7 +50,7 @@ bool drawOne(const Options& options, const LoadedFile& loaded, const std::string
     return isWritten;
 }
 
-bool draw(const Options& options)
+bool draw(const DrawOptions& options)
 {
     const std::vector<std::string> sources(options.files.begin(), options.files.end() - 1);
     const std::vector<std::string> targets =
@@ -75,7 +75,7 @@ void addDrawCommand(CLI::App& app, int& exitCode)
         "One scale for all panels; the bar in the last one is as long as it says, in the units of\n"
         "the skeleton. A pose is a table of one bone a row under the heading bone,qx,qy,qz,qw: its name or\n"
         "index, and its orientation relative to that of the bind pose.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<DrawOptions>();
     command
         ->add_option("FILES", options->files,
                      "Character files, then OUT.png for the picture; or, for any number of files, a folder")

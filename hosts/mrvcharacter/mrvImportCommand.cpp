@@ -24,7 +24,7 @@ const std::map<std::string, mrv::Vector3> axes = { { "+x", mrv::Vector3(1.0f, 0.
 
 const std::map<std::string, SourceUp> sourceUps = { { "y", SourceUp::Y }, { "z", SourceUp::Z } };
 
-struct Options
+struct ImportOptions
 {
     std::string source;
     std::string target;
@@ -32,7 +32,7 @@ struct Options
     std::string up;
 };
 
-bool import(const Options& options)
+bool import(const ImportOptions& options)
 {
     const SourceUp up = options.up.empty() ? SourceUp::BY_FORMAT : sourceUps.at(options.up);
     ImportedSkeleton skeleton;
@@ -57,7 +57,7 @@ void addImportCommand(CLI::App& app, int& exitCode)
         "Rigs come from BVH, glTF, FBX, Collada and whatever else Assimp reads: the joints of the first\n"
         "skinned mesh, or the node tree where nothing is skinned. NAME.csv is a table of one joint a row,\n"
         "fathers first, with Z up: index,name,parent,px,py,pz,qx,qy,qz,qw, all relative to the parent.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<ImportOptions>();
     command->add_option("SKELETON", options->source, "The rig")->required();
     command->add_option("OUT", options->target, "NAME.mvcf for XML, NAME.mvc for binary")->required();
     command

@@ -24,7 +24,7 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct InfoOptions
 {
     std::vector<std::string> files;
     bool asJson = false;
@@ -154,7 +154,7 @@ void printTable(const std::vector<Json>& summaries)
     table.print(std::cout);
 }
 
-bool printInfo(const Options& options)
+bool printInfo(const InfoOptions& options)
 {
     std::vector<Json> summaries;
     forEachFile(options.files, [&](const LoadedFile& loaded) {
@@ -179,7 +179,7 @@ void addInfoCommand(CLI::App& app, int& exitCode)
     command->footer("Columns of several numbers: Parts are spines/limbs/effectors, Geometry is tag:files,\n"
                     "Shaders are groups/assets/attributes, Types are rendering types, and Overrides are\n"
                     "skeleton/blind data/physics. The height is that of the bones, in their units.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<InfoOptions>();
     command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
     addThreadsOption(*command);

@@ -21,7 +21,7 @@ namespace {
 
 using Mapping = mrv::GenericSpecificConverterMappingV8;
 
-struct Options
+struct MapOptions
 {
     std::string source;
     std::string target;
@@ -29,7 +29,7 @@ struct Options
     float minBendDegrees = 5.0f;
 };
 
-bool map(const Options& options)
+bool map(const MapOptions& options)
 {
     const LoadedFile loaded = loadCharacter(options.source);
     if (!reportFailure(loaded))
@@ -63,7 +63,7 @@ void addMapCommand(CLI::App& app, int& exitCode)
         "What was mapped before is replaced. A chain is written from its first bone to its last, by way of\n"
         "the bone where the part bends if it has a chain that leads to it. Nothing is written for a\n"
         "skeleton in which no branch repeats.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<MapOptions>();
     command->add_option("IN", options->source, "Character file")->required();
     command
         ->add_option(

@@ -21,7 +21,7 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct PinOptions
 {
     std::string mesh;
     std::string source;
@@ -74,7 +74,7 @@ std::vector<PinnedPosition> pinAll(const mrv::PinMesh& mesh, const std::vector<m
     return pins;
 }
 
-bool pin(const Options& options)
+bool pin(const PinOptions& options)
 {
     const auto fail = [](const std::string& file, const std::string& failure) {
         reportError(file, failure);
@@ -106,7 +106,7 @@ void addPinCommand(CLI::App& app, int& exitCode)
         "gets\n"
         "a line for each: the position, the normal and the number of the triangle, from 0. With no ground\n"
         "above or below, the position stays, the normal is 0,0,0 and the triangle -1.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<PinOptions>();
     command->add_option("MESH", options->mesh, "The ground")->required();
     command->add_option("POSITIONS.csv", options->source, "Table of positions")->required();
     command->add_option("OUT.csv", options->target, "Table of positions on the ground")->required();

@@ -21,7 +21,7 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct TriangulateOptions
 {
     std::string source;
     std::string target;
@@ -45,7 +45,7 @@ bool writeTriangles(const mrv::Delaunay2& triangulation, const std::string& file
     return false;
 }
 
-bool triangulate(const Options& options)
+bool triangulate(const TriangulateOptions& options)
 {
     std::string failure;
     std::vector<mrv::Vector2> points;
@@ -91,7 +91,7 @@ void addTriangulateCommand(CLI::App& app, int& exitCode)
         "each triangle: the positions of its corners among the points, from 0, counterclockwise. Repeated\n"
         "points go by the first of them. Coordinates are rounded to float, and to about 24 bits of the\n"
         "range of all.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<TriangulateOptions>();
     command->add_option("POINTS.csv", options->source, "Table of points")->required();
     command->add_option("OUT.csv", options->target, "Table of triangles")->required();
     command->add_option("--png", options->picture, "A picture of the triangles");

@@ -17,7 +17,7 @@ namespace mrvcharacter {
 
 namespace {
 
-struct Options
+struct ValidateOptions
 {
     std::vector<std::string> files;
     bool asJson = false;
@@ -43,7 +43,7 @@ void printVerdictAsJson(const LoadedFile& loaded)
                           { "messages", loaded.messages } });
 }
 
-bool validate(const Options& options)
+bool validate(const ValidateOptions& options)
 {
     bool isAllGood = true;
     forEachFile(options.files, [&](const LoadedFile& loaded) {
@@ -60,7 +60,7 @@ void addValidateCommand(CLI::App& app, int& exitCode)
     CLI::App* command =
         app.add_subcommand("validate", "Reads character and mapping files and tells what is wrong with them");
     command->footer("The version is that of the file, -1 where it could not be told.");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<ValidateOptions>();
     command->add_option("FILES", options->files, "Character and mapping files")->required();
     command->add_flag("--json", options->asJson, "One JSON object a line and file");
     addThreadsOption(*command);

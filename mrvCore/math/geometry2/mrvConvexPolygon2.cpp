@@ -9,7 +9,7 @@ namespace mrv {
 namespace {
 
 /// Positive if the way from `a` over `b` to `c` turns left.
-float turnOf(const Vector2& a, const Vector2& b, const Vector2& c)
+float leftTurnOf(const Vector2& a, const Vector2& b, const Vector2& c)
 {
     const Vector2 u = b - a;
     const Vector2 v = c - a;
@@ -41,7 +41,7 @@ ConvexPolygon2::MrvPolygonStatus::Value ConvexPolygon2::getStatus(bool force, bo
         _status = MrvPolygonStatus::INVALID;
     for (size_t i = 0; i < count && _status != MrvPolygonStatus::INVALID; ++i)
     {
-        const float turn = turnOf(_vertices[i], _vertices[(i + 1) % count], _vertices[(i + 2) % count]);
+        const float turn = leftTurnOf(_vertices[i], _vertices[(i + 1) % count], _vertices[(i + 2) % count]);
         if (!(std::abs(turn) > smallestTurn))
             continue;
         const int found = turn > 0.0f ? MrvPolygonStatus::CCW : MrvPolygonStatus::CW;
@@ -65,7 +65,7 @@ void ConvexPolygon2::computeConvexHull(Array<Vector2> points)
     size_t size = 0;
     size_t floor = 2; // the chain is not cut below this size
     const auto extend = [&](const Vector2& point) {
-        while (size >= floor && !(turnOf(_vertices[size - 2], _vertices[size - 1], point) > 0.0f))
+        while (size >= floor && !(leftTurnOf(_vertices[size - 2], _vertices[size - 1], point) > 0.0f))
             --size;
         _vertices[size++] = point;
     };

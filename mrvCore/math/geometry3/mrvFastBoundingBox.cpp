@@ -12,7 +12,7 @@ namespace mrv {
 namespace {
 
 // A ray that starts this close to the box counts as starting in it.
-constexpr float sourceTolerance = 0.001f;
+constexpr float wideSourceTolerance = 0.001f;
 
 } // namespace
 
@@ -89,7 +89,7 @@ bool FastBoundingBox::intersect(const ClassifiedRay3& ray) const
     settle();
     if (_empty)
         return false;
-    return contains(ray.getSource(), sourceTolerance) || internal::intersectsBox(ray, _min, _max);
+    return contains(ray.getSource(), wideSourceTolerance) || internal::intersectsBox(ray, _min, _max);
 }
 
 bool FastBoundingBox::intersect(const ClassifiedRay3& ray, float& t) const
@@ -97,7 +97,7 @@ bool FastBoundingBox::intersect(const ClassifiedRay3& ray, float& t) const
     settle();
     if (_empty)
         return false;
-    if (!contains(ray.getSource(), sourceTolerance))
+    if (!contains(ray.getSource(), wideSourceTolerance))
         return internal::intersectsBox(ray, _min, _max, t);
     t = 0.0f;
     return true;

@@ -18,7 +18,7 @@ Vector3 meanOf(const Vector3& a, const Vector3& b, const Vector3& c)
     return (a + b + c) / 3.0f;
 }
 
-bool areNear(const Vector3& a, const Vector3& b, float tolerance)
+bool coincide(const Vector3& a, const Vector3& b, float tolerance)
 {
     return Segment3(a, b).isDegenerated(tolerance);
 }
@@ -61,8 +61,8 @@ bool Triangle3::operator==(const Triangle3& other) const
 
 bool Triangle3::isDegenerated(float tolerance) const
 {
-    return areNear(_points[0], _points[1], tolerance) || areNear(_points[1], _points[2], tolerance) ||
-           areNear(_points[2], _points[0], tolerance);
+    return coincide(_points[0], _points[1], tolerance) || coincide(_points[1], _points[2], tolerance) ||
+           coincide(_points[2], _points[0], tolerance);
 }
 
 Vector3 Triangle3::getBarycenter(bool refine) const
@@ -166,7 +166,7 @@ bool Triangle3::vertexInCommon(const Triangle3& other, float tolerance) const
 {
     for (const Vector3& point : _points)
         for (const Vector3& otherPoint : other._points)
-            if (areNear(point, otherPoint, tolerance))
+            if (coincide(point, otherPoint, tolerance))
                 return true;
     return false;
 }

@@ -56,11 +56,11 @@ size_t writeIdentifier(const char* source, size_t length, char* destination)
 }
 
 /// A number as a stream of default format writes it in the classic locale.
-class NumberText
+class ShortNumberText
 {
 public:
     template <typename T>
-    explicit NumberText(T value)
+    explicit ShortNumberText(T value)
     {
         char* const last = _text + sizeof(_text) - 1;
         if constexpr (std::is_floating_point_v<T>)
@@ -82,7 +82,7 @@ const MrvString& textOf(const MrvString& element)
 template <typename T>
 MrvString textOf(T element)
 {
-    return MrvString(NumberText(element).getCString());
+    return MrvString(ShortNumberText(element).getCString());
 }
 
 template <typename Elements>
@@ -222,19 +222,19 @@ const char* alphaNumerizeNameStr(const char* source)
 
 MrvString operator+(const MrvString& text, float value)
 {
-    return text + NumberText(value).getCString();
+    return text + ShortNumberText(value).getCString();
 }
 MrvString operator+(const MrvString& text, double value)
 {
-    return text + NumberText(value).getCString();
+    return text + ShortNumberText(value).getCString();
 }
 MrvString operator+(const MrvString& text, int value)
 {
-    return text + NumberText(value).getCString();
+    return text + ShortNumberText(value).getCString();
 }
 MrvString operator+(const MrvString& text, unsigned int value)
 {
-    return text + NumberText(value).getCString();
+    return text + ShortNumberText(value).getCString();
 }
 
 template <typename T>
