@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 namespace mrv {
 
@@ -15,6 +16,18 @@ int* allocateInts(size_t count)
     int* const ints = static_cast<int*>(std::malloc(count * sizeof(int)));
     internal::adviseLargePages(ints, count * sizeof(int));
     return ints;
+}
+
+/// Gives back what is behind the first `count`; null for none.
+int* shrinkInts(int* ints, size_t count)
+{
+    if (count == 0)
+    {
+        std::free(ints);
+        return nullptr;
+    }
+    void* const shrunk = std::realloc(ints, count * sizeof(int));
+    return shrunk != nullptr ? static_cast<int*>(shrunk) : ints;
 }
 
 /// The multiplier that the coordinates of the unit square get, so that exact arithmetic finds whole numbers.
@@ -100,41 +113,39 @@ void Delaunay2::prepareWorkingVertices(const Information& info)
         _query = new DelaunayQuery2(_verticesCount, _sVertices);
 }
 
+/// In one walk over the pool, each triangle is copied to where the next one in use goes.
 void Delaunay2::numberTriangles()
 {
-    // Without branches: whether a triangle is in use is hard to foretell.
-    PODArray<int> numbers(_trianglePoolFirstAvailableIndex);
-    PODArray<uint32_t> slots(_trianglePoolFirstAvailableIndex + 1);
+    const size_t slotCount = _trianglePoolFirstAvailableIndex;
+    PODArray<int> numbers(slotCount);
     internal::adviseLargePages(numbers.begin(), numbers.size() * sizeof(int));
-    internal::adviseLargePages(slots.begin(), slots.size() * sizeof(uint32_t));
-    for (uint32_t slot = 0; slot < _trianglePoolFirstAvailableIndex; ++slot)
+    _indices = allocateInts(3 * (slotCount + 1));
+    MRV_ASSERT(_indices != NULL);
+    _adjacencies = allocateInts(3 * (slotCount + 1));
+    MRV_ASSERT(_adjacencies != NULL);
+    size_t count = 0;
+    for (size_t slot = 0; slot < slotCount; ++slot)
     {
+        // Without branches: whether a triangle is in use is hard to foretell.
         const Triangle& triangle = _trianglePool[slot];
         const bool isInUse = triangle._inUse & !hasSupervertex(triangle);
-        numbers[slot] = isInUse ? _simplicesCount : -1;
-        slots[static_cast<size_t>(_simplicesCount)] = slot;
-        _simplicesCount += isInUse;
+        std::memcpy(_indices + 3 * count, triangle._vertices, sizeof(triangle._vertices));
+        std::memcpy(_adjacencies + 3 * count, triangle._adj, sizeof(triangle._adj));
+        numbers[slot] = isInUse ? static_cast<int>(count) : -1;
+        count += isInUse;
     }
-    if (_simplicesCount == 0)
+    _simplicesCount = static_cast<int>(count);
+    _indices = shrinkInts(_indices, 3 * count);
+    _adjacencies = shrinkInts(_adjacencies, 3 * count);
+    if (count == 0)
         return;
-
-    const size_t count = static_cast<size_t>(_simplicesCount);
-    _indices = allocateInts(3 * count);
-    MRV_ASSERT(_indices != NULL);
-    _adjacencies = allocateInts(3 * count);
-    MRV_ASSERT(_adjacencies != NULL);
+    for (size_t k = 0; k < 3 * count; ++k)
+    {
+        const uint32_t neighbour = static_cast<uint32_t>(_adjacencies[k]);
+        _adjacencies[k] = neighbour == internal::noTriangle ? -1 : numbers[neighbour];
+    }
     _path = allocateInts(count + 1);
     MRV_ASSERT(_path != NULL);
-    for (size_t k = 0; k < count; ++k)
-    {
-        const Triangle& triangle = _trianglePool[slots[k]];
-        for (size_t j = 0; j < 3; ++j)
-        {
-            const uint32_t neighbour = triangle._adj[j];
-            _indices[3 * k + j] = triangle._vertices[j];
-            _adjacencies[3 * k + j] = neighbour == internal::noTriangle ? -1 : numbers[neighbour];
-        }
-    }
 }
 
 void Delaunay2::releaseConstructionData()

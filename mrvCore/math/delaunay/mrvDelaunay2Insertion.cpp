@@ -173,8 +173,10 @@ bool Delaunay2::update(int i, const Triangle* start)
     for (;;)
     {
         triangle->_onStack = false;
-        for (int slot = 0; slot < 3; ++slot)
-            openPolygonEdge(*triangle, slot, i, triangle == containing);
+        // Three calls, so that each knows its slot when it is compiled.
+        openPolygonEdge(*triangle, 0, i, triangle == containing);
+        openPolygonEdge(*triangle, 1, i, triangle == containing);
+        openPolygonEdge(*triangle, 2, i, triangle == containing);
         recycleTriangle(*triangle);
         if (_triStackCache.empty())
             break;
