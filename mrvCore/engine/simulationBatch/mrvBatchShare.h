@@ -40,7 +40,7 @@ public:
             if (run == empty)
                 return -1;
             const int first = static_cast<int>(run & 0xFFFFFFFF);
-            const int end = static_cast<int>(run >> 32);
+            const int end = static_cast<int>(static_cast<unsigned long>(run) >> 32);
             if (run == fetching)
                 run = atomicLoadAcquire(_run);
             else if (internal::compareExchange(_run, run, first + 1 < end ? pack(first + 1, end) : empty,
